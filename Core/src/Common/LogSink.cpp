@@ -1,0 +1,7 @@
+#include "Common/LogSink.h"
+
+namespace keo {
+
+LogSink::~LogSink() = default;
+
+} // namespace keo

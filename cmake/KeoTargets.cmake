@@ -1,0 +1,58 @@
+# Shared compile settings for every target of the project.
+
+# keo_apply_settings(<target>): warnings, warnings-as-errors and sanitizers.
+function(keo_apply_settings target)
+    target_compile_options(${target} PRIVATE
+        -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
+        -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Wcast-qual
+        -Wnull-dereference -Wdouble-promotion -Wformat=2 -Wimplicit-fallthrough)
+    if(KEO_WARNINGS_AS_ERRORS)
+        target_compile_options(${target} PRIVATE -Werror)
+    endif()
+    keo_apply_sanitizers(${target})
+endfunction()
+
+# keo_apply_sanitizers(<target>): the sanitizers of KEO_SANITIZE, halting on the first error.
+function(keo_apply_sanitizers target)
+    if(NOT KEO_SANITIZE)
+        return()
+    endif()
+    list(JOIN KEO_SANITIZE "," sanitizers)
+    target_compile_options(${target} PRIVATE
+        -fsanitize=${sanitizers} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    target_link_options(${target} PRIVATE -fsanitize=${sanitizers})
+endfunction()
+
+# keo_add_library(<name> SOURCES <src...>): one shared library of the kit, with its include root,
+# export macro (defined by <name>_EXPORTS while the library itself is built) and alias keo::<name>.
+function(keo_add_library name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC_DEPENDS" ${ARGN})
+    add_library(${name} SHARED ${ARG_SOURCES})
+    add_library(keo::${name} ALIAS ${name})
+    target_include_directories(${name} PUBLIC
+        $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/Core/include>
+        $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/keo>)
+    target_compile_features(${name} PUBLIC cxx_std_17)
+    if(ARG_PUBLIC_DEPENDS)
+        target_link_libraries(${name} PUBLIC ${ARG_PUBLIC_DEPENDS})
+    endif()
+    set_target_properties(${name} PROPERTIES
+        VERSION ${PROJECT_VERSION}
+        SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}
+        EXPORT_NAME ${name})
+    keo_apply_settings(${name})
+    set_property(GLOBAL APPEND PROPERTY KEO_LIBRARIES ${name})
+endfunction()
+
+# keo_add_test_suite(<name> SOURCES <src...> LIBRARIES <lib...>): one GoogleTest program whose
+# tests are registered one by one with CTest.
+function(keo_add_test_suite name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_libraries(${name} PRIVATE ${ARG_LIBRARIES} GTest::gtest_main GTest::gmock)
+    keo_apply_settings(${name})
+    gtest_discover_tests(${name}
+        WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}
+        DISCOVERY_TIMEOUT 120
+        PROPERTIES TIMEOUT 600)
+endfunction()

@@ -1,0 +1,30 @@
+// Uses the installed kit: converts a position, measures a distance and logs through a sink.
+#include <keoCommon.h>
+
+#include <cstdio>
+#include <memory>
+
+int main() {
+    const keo::Cartographic paris = keo::Cartographic::fromDegrees(2.3522, 48.8566, 35.0);
+    const keo::Cartographic tokyo = keo::Cartographic::fromDegrees(139.6917, 35.6895, 40.0);
+
+    const keo::Vector3<double> p = keo::Ellipsoid::WGS84.cartographicToCartesian(paris);
+    const auto back = keo::Ellipsoid::WGS84.cartesianToCartographic(p);
+    if (!back || !back->equalsEpsilon(paris, 1e-9)) {
+        std::fprintf(stderr, "round trip failed\n");
+        return 1;
+    }
+    const double metres = keo::Math::computeVincentyDistR(paris, tokyo);
+
+    auto sink = std::make_shared<keo::MemoryLogSink>();
+    keo::Log::getInstance().addSink(sink);
+    keo::Log::getInstance().log({"examples/consumer/main", __LINE__, "main"}, keo::LogLevel::Info,
+                                "distance computed");
+    if (sink->size() != 1 || !(metres > 9.7e6 && metres < 9.8e6)) {
+        std::fprintf(stderr, "unexpected result: %.3f m, %zu records\n", metres, sink->size());
+        return 1;
+    }
+    std::printf("Paris ECEF (%.3f, %.3f, %.3f) m; Paris-Tokyo %.3f km; id %s\n", p.x, p.y, p.z,
+                metres / 1000.0, keo::uuid4().toString().c_str());
+    return 0;
+}
