@@ -157,4 +157,3 @@ BENCHMARK(geographicLibReverse);
 BENCHMARK(keoVincentyDistance);
 BENCHMARK(geographicLibInverse);
 
-BENCHMARK_MAIN();

@@ -1,5 +1,7 @@
-// Uses the installed kit: converts a position, measures a distance and logs through a sink.
+// Uses the installed kit: converts a position, measures a distance, logs through a sink and
+// prints a small entity tree.
 #include <keoCommon.h>
+#include <keoData.h>
 
 #include <cstdio>
 #include <memory>
@@ -26,5 +28,20 @@ int main() {
     }
     std::printf("Paris ECEF (%.3f, %.3f, %.3f) m; Paris-Tokyo %.3f km; id %s\n", p.x, p.y, p.z,
                 metres / 1000.0, keo::uuid4().toString().c_str());
+
+    // A point entity with a label child, as a renderer would receive it.
+    const auto root = std::make_shared<keo::Entity>("paris");
+    root->setPosition(std::make_shared<keo::ConstantPositionProperty>(p, 0));
+    root->setGeometryGraphics(std::make_shared<keo::PointGraphics>());
+    const auto label = std::make_shared<keo::Entity>("label-symbol");
+    label->setParent(root);
+    auto text = std::make_shared<keo::LabelGraphics>();
+    text->setText("Paris");
+    label->setGeometryGraphics(text);
+    if (root->getChildByName("label-symbol") != label) {
+        std::fprintf(stderr, "entity tree broken\n");
+        return 1;
+    }
+    std::fputs(keo::SceneDump::toText(*root).c_str(), stdout);
     return 0;
 }

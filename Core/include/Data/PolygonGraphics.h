@@ -1,0 +1,62 @@
+#pragma once
+
+#include "Data/DataExport.h"
+#include "Data/GroundGeometryGraphics.h"
+#include "Data/PolygonHierarchy.h"
+
+namespace keo {
+
+/**
+ * @brief A filled polygon with holes, given by a PolygonHierarchy of Cartesian positions (ECEF,
+ * metres). Without per-position heights the polygon lies at the area height; with them, each
+ * vertex stays at its own height.
+ */
+class KEO_DATA_API PolygonGraphics final : public GroundGeometryGraphics {
+public:
+    /** @brief The polygon's own fields, with their defaults. */
+    struct Fields {
+        /** @brief The outer ring and its holes, ECEF metres. */
+        PolygonHierarchy hierarchy;
+        /** @brief Whether each vertex keeps its own height instead of the area height. */
+        bool perPositionHeight = false;
+        /** @brief Scale of the height of the shadow volume used to drape the polygon. */
+        double shadowVolumeHeightScale = 1.0;
+    };
+    /** @brief Everything a polygon is made from: common, fill, area and polygon fields. */
+    struct ConstructorOptions : CommonOptions, FillOptions, GroundOptions, Fields {};
+
+    /** @brief A polygon of the default options (an empty hierarchy). */
+    PolygonGraphics();
+    /** @brief A polygon of @p options; values follow the setters' rules. */
+    explicit PolygonGraphics(const ConstructorOptions& options);
+    ~PolygonGraphics() override;
+
+    /** @brief Whether @p type is Type::Polygon. */
+    static constexpr bool isKindOf(Type type) noexcept { return type == Type::Polygon; }
+
+    /** @brief The outer ring and its holes (default empty). */
+    const PolygonHierarchy& getHierarchy() const noexcept { return fields_.hierarchy; }
+    /**
+     * @brief Sets the outer ring and its holes (stored as given; a ring of fewer than three
+     * positions encloses nothing).
+     */
+    void setHierarchy(PolygonHierarchy hierarchy) noexcept;
+    /** @brief Whether vertices keep their own heights (default false). */
+    bool isPerPositionHeight() const noexcept { return fields_.perPositionHeight; }
+    /** @brief Lets vertices keep their own heights, or not. */
+    void setPerPositionHeight(bool perPositionHeight) noexcept {
+        fields_.perPositionHeight = perPositionHeight;
+    }
+    /** @brief The shadow volume's height scale (default 1). */
+    double getShadowVolumeHeightScale() const noexcept { return fields_.shadowVolumeHeightScale; }
+    /** @brief Sets the shadow volume's height scale; NaN is ignored, a negative scale becomes 0. */
+    void setShadowVolumeHeightScale(double scale) noexcept;
+
+    /** @brief Writes the area fields, then the hierarchy and the polygon's switches. */
+    void describe(FieldList& fields, const TimePoint& time) const override;
+
+private:
+    Fields fields_;
+};
+
+} // namespace keo

@@ -1,0 +1,7 @@
+#include "Data/OrientationProperty.h"
+
+namespace keo {
+
+OrientationProperty::~OrientationProperty() = default;
+
+} // namespace keo

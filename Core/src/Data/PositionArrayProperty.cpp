@@ -1,0 +1,7 @@
+#include "Data/PositionArrayProperty.h"
+
+namespace keo {
+
+PositionArrayProperty::~PositionArrayProperty() = default;
+
+} // namespace keo

@@ -1,0 +1,7 @@
+#include "Data/PositionProperty.h"
+
+namespace keo {
+
+PositionProperty::~PositionProperty() = default;
+
+} // namespace keo

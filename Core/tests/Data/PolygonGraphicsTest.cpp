@@ -1,0 +1,83 @@
+#include "Data/PolygonGraphics.h"
+
+#include "Data/FieldList.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace {
+
+using keo::PolygonGraphics;
+using keo::PolygonHierarchy;
+
+PolygonHierarchy squareWithHole() {
+    PolygonHierarchy hole({{0.25, 0.25, 0.0}, {0.75, 0.25, 0.0}, {0.5, 0.75, 0.0}});
+    return PolygonHierarchy({{0.0, 0.0, 0.0}, {1.0, 0.0, 0.0}, {1.0, 1.0, 0.0}, {0.0, 1.0, 0.0}},
+                            {hole});
+}
+
+TEST(PolygonGraphicsTest, DefaultsAreAnEmptyHierarchyAtTheAreaHeight) {
+    const PolygonGraphics graphics;
+    EXPECT_TRUE(graphics.getHierarchy().positions.empty());
+    EXPECT_TRUE(graphics.getHierarchy().holes.empty());
+    EXPECT_FALSE(graphics.isPerPositionHeight());
+    EXPECT_EQ(graphics.getShadowVolumeHeightScale(), 1.0);
+    EXPECT_TRUE(graphics.isFill());
+    EXPECT_FALSE(graphics.isOutline());
+}
+
+TEST(PolygonGraphicsTest, HierarchyWithHolesReadsBackAsSet) {
+    PolygonGraphics graphics;
+    graphics.setHierarchy(squareWithHole());
+    EXPECT_EQ(graphics.getHierarchy(), squareWithHole());
+    ASSERT_EQ(graphics.getHierarchy().holes.size(), 1u);
+    EXPECT_EQ(graphics.getHierarchy().holes[0].positions.size(), 3u);
+}
+
+TEST(PolygonGraphicsTest, SwitchesReadBackAsSet) {
+    PolygonGraphics graphics;
+    graphics.setPerPositionHeight(true);
+    graphics.setShadowVolumeHeightScale(3.0);
+    graphics.setFill(false);
+    graphics.setOutline(true);
+    EXPECT_TRUE(graphics.isPerPositionHeight());
+    EXPECT_EQ(graphics.getShadowVolumeHeightScale(), 3.0);
+    EXPECT_FALSE(graphics.isFill());
+    EXPECT_TRUE(graphics.isOutline());
+}
+
+TEST(PolygonGraphicsTest, NanScaleIsIgnoredAndNegativeScaleBecomesZero) {
+    PolygonGraphics graphics;
+    graphics.setShadowVolumeHeightScale(std::numeric_limits<double>::quiet_NaN());
+    EXPECT_EQ(graphics.getShadowVolumeHeightScale(), 1.0);
+    graphics.setShadowVolumeHeightScale(-1.0);
+    EXPECT_EQ(graphics.getShadowVolumeHeightScale(), 0.0);
+}
+
+TEST(PolygonGraphicsTest, OptionsAreTakenAsGiven) {
+    PolygonGraphics::ConstructorOptions options;
+    options.hierarchy = squareWithHole();
+    options.perPositionHeight = true;
+    const PolygonGraphics graphics(options);
+    EXPECT_EQ(graphics.getHierarchy(), squareWithHole());
+    EXPECT_TRUE(graphics.isPerPositionHeight());
+}
+
+TEST(PolygonGraphicsTest, DescribeWritesTheHierarchyRecursively) {
+    PolygonGraphics graphics;
+    graphics.setHierarchy(PolygonHierarchy({{1.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, {0.0, 0.0, 1.0}},
+                                           {PolygonHierarchy({{0.5, 0.5, 0.5}})}));
+    keo::FieldList fields;
+    graphics.describe(fields, keo::TimePoint());
+    const auto& e = fields.entries();
+    ASSERT_EQ(e.size(), 17u);
+    EXPECT_EQ(e[14], (keo::FieldList::Entry{"hierarchy",
+                                            "{\"positions\": [[1, 0, 0], [0, 1, 0], [0, 0, 1]], "
+                                            "\"holes\": [{\"positions\": [[0.5, 0.5, 0.5]], "
+                                            "\"holes\": []}]}"}));
+    EXPECT_EQ(e[15], (keo::FieldList::Entry{"perPositionHeight", "false"}));
+    EXPECT_EQ(e[16], (keo::FieldList::Entry{"shadowVolumeHeightScale", "1"}));
+}
+
+} // namespace
