@@ -161,4 +161,3 @@ void BM_DestroyEntityTrees(benchmark::State& state) {
 BENCHMARK(BM_DestroyEntityTrees)->Unit(benchmark::kMillisecond);
 
 } // namespace
-

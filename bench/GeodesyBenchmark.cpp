@@ -156,4 +156,3 @@ BENCHMARK(keoCartesianToCartographic);
 BENCHMARK(geographicLibReverse);
 BENCHMARK(keoVincentyDistance);
 BENCHMARK(geographicLibInverse);
-

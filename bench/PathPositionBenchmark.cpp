@@ -54,4 +54,3 @@ void pathGetValues(benchmark::State& state) {
 
 BENCHMARK(pathGetValue)->Iterations(EVALUATIONS);
 BENCHMARK(pathGetValues)->Iterations(EVALUATIONS);
-
