@@ -1,0 +1,7 @@
+#include "Feature/FunctionWrapper.h"
+
+namespace keo {
+
+FunctionWrapper::~FunctionWrapper() = default;
+
+} // namespace keo
