@@ -1,7 +1,6 @@
 #include "Feature/Symbol.h"
 
-#include "Common/Log.h"
-#include "Common/MemoryLogSink.h"
+#include "FeatureTestSupport.h"
 
 #include <gtest/gtest.h>
 
@@ -26,36 +25,8 @@ public:
     Type getType() const override { return Type::Label; }
 };
 
-// Records the events of one symbol as letters: L lock, U unlock, D definition changed.
-struct EventRecorder {
-    explicit EventRecorder(Symbol& symbol) {
-        symbol._addChangedLockEventListener([this](bool locked) { events += locked ? 'L' : 'U'; });
-        symbol._addDefinitionChangedEventListener([this] { events += 'D'; });
-    }
-    std::string events;
-};
-
-class CapturedLog {
-public:
-    CapturedLog() {
-        saved_ = keo::Log::getInstance().getSinks();
-        keo::Log::getInstance().clearSinks();
-        keo::Log::getInstance().addSink(sink_);
-    }
-    ~CapturedLog() {
-        keo::Log::getInstance().clearSinks();
-        for (const auto& s : saved_) {
-            keo::Log::getInstance().addSink(s);
-        }
-    }
-    CapturedLog(const CapturedLog&) = delete;
-    CapturedLog& operator=(const CapturedLog&) = delete;
-    std::vector<keo::LogRecord> records() const { return sink_->getRecords(); }
-
-private:
-    std::shared_ptr<keo::MemoryLogSink> sink_ = std::make_shared<keo::MemoryLogSink>();
-    std::vector<std::shared_ptr<keo::LogSink>> saved_;
-};
+using keo::Feature::test::CapturedLog;
+using keo::Feature::test::EventRecorder;
 
 TEST(SymbolTest, TypeCodesAreTheKitsCodes) {
     EXPECT_EQ(static_cast<int>(Symbol::Type::Point), 0);
