@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Common/Color.h"
+#include "Feature/ChangeEvents.h"
 #include "Feature/FeatureExport.h"
 #include "Feature/FunctionWrapper.h"
 #include "Feature/Publisher.h"
@@ -41,7 +42,7 @@ struct LogSite;
  * Not thread-safe: update, _getMaterial and the setters of one material must not run
  * concurrently (the owning feature orders them under its lock through the changed-lock event).
  */
-class KEO_FEATURE_API Material {
+class KEO_FEATURE_API Material : public ChangeEvents<std::function<void()>> {
 public:
     /** @brief The material kinds, one code per class (9 is not used). */
     enum class Type : std::uint8_t {
@@ -100,16 +101,8 @@ public:
      */
     std::shared_ptr<keo::MaterialProperty> _getMaterial(bool highlight);
 
-    /** @brief Adds a listener to the definition-changed event; returns its handle. */
-    std::weak_ptr<FunctionWrapper>
-    _addDefinitionChangedEventListener(std::function<void()>&& callback);
-    /** @brief Adds a listener to the changed-lock event (true before an edit, false after). */
-    std::weak_ptr<FunctionWrapper>
-    _addChangedLockEventListener(std::function<void(bool)>&& callback);
     /** @brief Raises the definition-changed event. */
     void _raiseDefinitionChangedEvent();
-    /** @brief Raises the changed-lock event with @p locked. */
-    void _raiseChangedLockEvent(bool locked);
 
 protected:
     /** @brief Breathing off at rate 100, no property, changed flag set, fresh events. */
@@ -162,8 +155,6 @@ private:
     mutable bool changed_ = true;
     bool enableBreathing_ = false;
     float breathingRate_ = 100.0f;
-    std::unique_ptr<Publisher<std::function<void()>>> definitionChanged_;
-    std::unique_ptr<Publisher<std::function<void(bool)>>> changedLock_;
 };
 
 } // namespace keo::Feature

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Feature/ChangeEvents.h"
 #include "Feature/FeatureExport.h"
 #include "Feature/FunctionWrapper.h"
 #include "Feature/Publisher.h"
@@ -17,7 +18,7 @@ namespace keo::Feature {
  * Every setter follows the edit rule: nothing when the value is equal; otherwise changed-lock
  * true, store, changed-lock false, definition-changed. A copy gets fresh, empty events.
  */
-class KEO_FEATURE_API Symbol {
+class KEO_FEATURE_API Symbol : public ChangeEvents<std::function<void()>> {
 public:
     /** @brief The symbol kinds, one code per class. */
     enum class Type : std::uint8_t {
@@ -53,16 +54,8 @@ public:
     /** @brief Turns drawing of the symbol on or off (edit rule). */
     void setEnabled(bool enabled);
 
-    /** @brief Adds a listener to the definition-changed event; returns its handle. */
-    std::weak_ptr<FunctionWrapper>
-    _addDefinitionChangedEventListener(std::function<void()>&& callback);
-    /** @brief Adds a listener to the changed-lock event (true before an edit, false after). */
-    std::weak_ptr<FunctionWrapper>
-    _addChangedLockEventListener(std::function<void(bool)>&& callback);
     /** @brief Raises the definition-changed event. */
     void _raiseDefinitionChangedEvent();
-    /** @brief Raises the changed-lock event with @p locked. */
-    void _raiseChangedLockEvent(bool locked);
 
 protected:
     /** @brief An enabled symbol with fresh events. */
@@ -72,8 +65,6 @@ protected:
 
 private:
     bool enabled_ = true;
-    std::unique_ptr<Publisher<std::function<void()>>> definitionChanged_;
-    std::unique_ptr<Publisher<std::function<void(bool)>>> changedLock_;
 };
 
 } // namespace keo::Feature

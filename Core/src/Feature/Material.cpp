@@ -7,9 +7,7 @@
 
 namespace keo::Feature {
 
-Material::Material()
-    : definitionChanged_(std::make_unique<Publisher<std::function<void()>>>())
-    , changedLock_(std::make_unique<Publisher<std::function<void(bool)>>>()) {}
+Material::Material() = default;
 
 Material::Material(const Material& other)
     : Material() {
@@ -53,22 +51,8 @@ std::shared_ptr<MaterialProperty> Material::_getMaterial(bool highlight) {
     return material_;
 }
 
-std::weak_ptr<FunctionWrapper>
-Material::_addDefinitionChangedEventListener(std::function<void()>&& callback) {
-    return definitionChanged_->addEventListener(std::move(callback));
-}
-
-std::weak_ptr<FunctionWrapper>
-Material::_addChangedLockEventListener(std::function<void(bool)>&& callback) {
-    return changedLock_->addEventListener(std::move(callback));
-}
-
 void Material::_raiseDefinitionChangedEvent() {
-    definitionChanged_->raiseEvent();
-}
-
-void Material::_raiseChangedLockEvent(bool locked) {
-    changedLock_->raiseEvent(locked);
+    raiseDefinitionChanged();
 }
 
 } // namespace keo::Feature

@@ -1,65 +1,12 @@
 #pragma once
 
 #include "EditRule.h"
-#include "Feature/FunctionWrapper.h"
+#include "Feature/SubscriptionPair.h"
 
 #include <memory>
 #include <utility>
 
 namespace keo::Feature::detail {
-
-/**
- * @brief An owner's two subscriptions to one object it holds: to the object's definition-changed
- * and changed-lock events. Disconnects on destruction; a copy starts empty (an owner's copy
- * subscribes to its own objects).
- */
-class SubscriptionPair final {
-public:
-    SubscriptionPair() = default;
-    SubscriptionPair(const SubscriptionPair&) noexcept {}
-    SubscriptionPair& operator=(const SubscriptionPair&) noexcept { return *this; }
-    ~SubscriptionPair() { disconnect(); }
-
-    /** @brief Subscribes @p onDefinitionChanged and @p onChangedLock to @p source's events. */
-    template <typename Source, typename OnDefinitionChanged, typename OnChangedLock>
-    void connect(Source& source, OnDefinitionChanged&& onDefinitionChanged,
-                 OnChangedLock&& onChangedLock) {
-        disconnect();
-        definitionChanged_ = source._addDefinitionChangedEventListener(
-            std::forward<OnDefinitionChanged>(onDefinitionChanged));
-        changedLock_ =
-            source._addChangedLockEventListener(std::forward<OnChangedLock>(onChangedLock));
-    }
-
-    /**
-     * @brief Relays @p source's events as @p owner's own: a definition change of the source
-     * raises the owner's definition-changed event, a changed-lock of the source the owner's
-     * changed-lock event with the same flag.
-     */
-    template <typename Source, typename Owner>
-    void relay(Source& source, Owner& owner) {
-        connect(
-            source, [&owner](auto&&...) { owner._raiseDefinitionChangedEvent(); },
-            [&owner](bool locked) { owner._raiseChangedLockEvent(locked); });
-    }
-
-    /** @brief Removes both listeners (if still attached) and forgets the handles. */
-    void disconnect() noexcept {
-        disconnectOne(definitionChanged_);
-        disconnectOne(changedLock_);
-    }
-
-private:
-    static void disconnectOne(std::weak_ptr<FunctionWrapper>& handle) noexcept {
-        if (const auto wrapper = handle.lock()) {
-            wrapper->remove();
-        }
-        handle.reset();
-    }
-
-    std::weak_ptr<FunctionWrapper> definitionChanged_;
-    std::weak_ptr<FunctionWrapper> changedLock_;
-};
 
 /**
  * @brief The setter of an owned sub-object (a symbol, material, emitter, ...): nothing when
@@ -83,6 +30,36 @@ bool replaceOwned(Owner& owner, std::shared_ptr<T>& slot, std::shared_ptr<T> val
         subscription.relay(*slot, owner);
     }
     return true;
+}
+
+/** @brief A deep copy of @p object as its own static type (clone() returns the family's base). */
+template <typename T>
+std::shared_ptr<T> cloneAs(const T& object) {
+    return std::static_pointer_cast<T>(object.clone());
+}
+
+/**
+ * @brief The assign step of an owned slot: when both @p slot and @p source hold an object, the
+ * held object is assigned from the source's in place (its listeners stay attached); otherwise the
+ * slot's setter runs with a clone of the source's object, or with null.
+ */
+template <typename Owner, typename T>
+void assignOwned(Owner& owner, std::shared_ptr<T>& slot, const std::shared_ptr<T>& source,
+                 SubscriptionPair& subscription) {
+    if (slot && source) {
+        slot->assign(*source);
+    } else {
+        replaceOwned(owner, slot, source ? cloneAs(*source) : nullptr, subscription);
+    }
+}
+
+/** @brief Installs a clone of @p source (if any) into an empty slot, subscribed anew. */
+template <typename Owner, typename T>
+void copyOwned(Owner& owner, std::shared_ptr<T>& slot, const std::shared_ptr<T>& source,
+               SubscriptionPair& subscription) {
+    if (source) {
+        replaceOwned(owner, slot, cloneAs(*source), subscription);
+    }
 }
 
 } // namespace keo::Feature::detail

@@ -5,9 +5,7 @@
 
 namespace keo::Feature {
 
-Symbol::Symbol()
-    : definitionChanged_(std::make_unique<Publisher<std::function<void()>>>())
-    , changedLock_(std::make_unique<Publisher<std::function<void(bool)>>>()) {}
+Symbol::Symbol() = default;
 
 Symbol::Symbol(const Symbol& other)
     : Symbol() {
@@ -28,22 +26,8 @@ void Symbol::setEnabled(bool enabled) {
     detail::applyEdit(*this, enabled_, enabled);
 }
 
-std::weak_ptr<FunctionWrapper>
-Symbol::_addDefinitionChangedEventListener(std::function<void()>&& callback) {
-    return definitionChanged_->addEventListener(std::move(callback));
-}
-
-std::weak_ptr<FunctionWrapper>
-Symbol::_addChangedLockEventListener(std::function<void(bool)>&& callback) {
-    return changedLock_->addEventListener(std::move(callback));
-}
-
 void Symbol::_raiseDefinitionChangedEvent() {
-    definitionChanged_->raiseEvent();
-}
-
-void Symbol::_raiseChangedLockEvent(bool locked) {
-    changedLock_->raiseEvent(locked);
+    raiseDefinitionChanged();
 }
 
 } // namespace keo::Feature

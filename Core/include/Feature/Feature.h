@@ -1,0 +1,258 @@
+#pragma once
+
+#include "Common/BoundingSphere.h"
+#include "Common/GlobeRectangle.h"
+#include "Data/DistanceDisplayCondition.h"
+#include "Feature/AttributeValue.h"
+#include "Feature/FeatureBase.h"
+#include "Feature/FeatureExport.h"
+#include "Feature/FunctionWrapper.h"
+#include "Feature/Publisher.h"
+#include "Feature/SubscriptionPair.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace keo {
+class DataSource;
+class Entity;
+} // namespace keo
+
+namespace keo::Feature {
+
+class Geometry;
+class Style;
+
+/**
+ * @brief A leaf of the feature tree: one geometry drawn with one style, a table of attributes,
+ * display options (highlight, label text, distance display condition), and the bookkeeping of
+ * the data-library entities that render it.
+ *
+ * The rendering side calls `_updateEntityInCull` once a frame: it creates the root entity on the
+ * first call, has the geometry rebuild the graphics when the geometry or the style changed, and
+ * records the entities that were created and dropped, which the rendering side takes with
+ * `_takeAddedEntities` and `_takeRemovedEntities`.
+ *
+ * Locking: each feature owns a recursive mutex. Setters that touch rendering state hold it around
+ * the change and release it before raising events; an edit of the geometry or the style (or
+ * anything they hold) holds it for the length of the edit through their changed-lock events; and
+ * `_updateEntityInCull` holds it while it rebuilds. So edits on one thread and the frame update on
+ * another never interleave. The attribute operations and setUserDefinedAttribute take no lock.
+ *
+ * Events: the definition-changed event tells listeners (a collection, the rendering side) that
+ * the feature needs an update; it is raised at most once between two `_updateEntityInCull` calls,
+ * however many edits come in.
+ */
+class KEO_FEATURE_API Feature final : public FeatureBase {
+public:
+    /** @brief The attribute table: attribute name to tagged value. */
+    using AttributeMap = std::unordered_map<std::string, AttributeValue>;
+
+    /** @brief A feature with the id @p id (a fresh random id when empty), no geometry, no style. */
+    explicit Feature(std::optional<std::uint64_t> id = std::nullopt);
+    /**
+     * @brief A copy with a fresh id: name, description, show, attributes, user-defined attribute,
+     * attachment files, origin data source, label text, asynchronous flag and distance display
+     * condition are copied; the geometry and the style are cloned and subscribed to anew. The
+     * copy has no entities, no listeners, and is not highlighted.
+     */
+    Feature(const Feature& other);
+    /**
+     * @brief Copies what the copy constructor copies into this feature (the id, parent, status,
+     * entities and listeners stay; highlight is switched off), then records the change as
+     * setName does. The geometry and the style are replaced by clones of @p other's.
+     */
+    Feature& operator=(const Feature& other);
+    /** @brief Releases the subscriptions to the geometry and the style. */
+    ~Feature() override;
+
+    /** @brief A copy made by the copy constructor. */
+    std::unique_ptr<FeatureBase> clone() const override;
+    /** @brief Sets the name (the label shows it when no label text is set); see FeatureBase. */
+    void setName(const std::string& name) override;
+    /** @brief Sets the description; see FeatureBase. */
+    void setDescription(const std::string& description) override;
+    /**
+     * @brief Shows or hides the feature. An equal value changes nothing; otherwise the flag is
+     * stored, the definition-changed event is raised when the showing state (this flag and the
+     * parent chain) changed, and ShowChanged is recorded.
+     */
+    void setShow(bool show) override;
+
+    /** @brief The geometry, or null. */
+    const std::shared_ptr<Geometry>& getGeometry() noexcept { return geometry_; }
+    /** @brief The geometry, or null. */
+    const Geometry* getGeometry() const noexcept { return geometry_.get(); }
+    /**
+     * @brief Sets the geometry (null removes it). A geometry whose kind does not match the style
+     * logs a warning and is stored all the same. The feature subscribes to the geometry's events
+     * and is marked dirty; the next update rebuilds its entities.
+     */
+    void setGeometry(std::shared_ptr<Geometry> geometry);
+    /** @brief The style, or null. */
+    const Style* getStyle() const noexcept { return style_.get(); }
+    /** @brief Sets the style (null removes it), with the same kind check as setGeometry. */
+    void setStyle(std::shared_ptr<Style> style);
+
+    /** @brief The attributes. */
+    const AttributeMap& getAttributes() const noexcept { return attributes_; }
+    /** @brief Replaces the whole table; records AttributeChanged (always). No lock, no event. */
+    void setAttributes(const AttributeMap& attributes);
+    /** @brief Inserts or overwrites one attribute; records AttributeChanged (always). */
+    void setAttribute(const std::string& key, const AttributeValue& value);
+    /**
+     * @brief Makes @p key a null attribute: inserted if absent (with type tag 0), its value
+     * emptied, its tag kept; records AttributeChanged (always).
+     */
+    void setAttributeNull(const std::string& key);
+    /** @brief Erases @p key; false when absent. Records no change. */
+    bool removeAttribute(const std::string& key);
+    /**
+     * @brief Moves the attribute @p oldKey to @p newKey, overwriting an entry under @p newKey;
+     * false when @p oldKey is absent. Renaming a key to itself keeps it. Records no change.
+     */
+    bool renameAttribute(const std::string& oldKey, const std::string& newKey);
+
+    /** @brief The highlight flag (default false). */
+    bool isHighlight() const noexcept { return highlight_; }
+    /**
+     * @brief Highlights the feature: its materials and label show Color::HIGHLIGHTCOLOR in place
+     * of their colours from the next update on, without the materials being changed.
+     */
+    void setHighlight(bool highlight);
+
+    /** @brief Free text for the application's own use. */
+    const std::string& getUserDefinedAttribute() const noexcept { return userDefinedAttribute_; }
+    /** @brief Sets the free text; records ContentChanged. No lock, no event. */
+    void setUserDefinedAttribute(const std::string& value);
+
+    /** @brief Paths of files attached to the feature. */
+    const std::vector<std::string>& getAttachmentFiles() const noexcept { return attachmentFiles_; }
+    /** @brief Replaces the attached files; no event, no change recorded. */
+    void setAttachmentFiles(const std::vector<std::string>& files) { attachmentFiles_ = files; }
+    /** @brief Replaces the attached files; no event, no change recorded. */
+    void setAttachmentFiles(std::vector<std::string>&& files) noexcept {
+        attachmentFiles_ = std::move(files);
+    }
+
+    /** @brief The text of the label; empty: the label shows the name. */
+    const std::string& getLabelText() const noexcept { return labelText_; }
+    /** @brief Sets the label text; the feature is marked for a style update. */
+    void setLabelText(const std::string& text);
+
+    /** @brief The camera distances at which the feature is shown; empty: at every distance. */
+    const std::optional<DistanceDisplayCondition>& getDistanceDisplayCondition() const noexcept {
+        return distanceDisplayCondition_;
+    }
+    /**
+     * @brief Sets the distance display condition. Equal (both empty, or equal near and far)
+     * changes nothing, so a NaN always counts as a change.
+     */
+    void setDistanceDisplayCondition(const std::optional<DistanceDisplayCondition>& condition);
+
+    /** @brief The data source the feature was read from, or null (non-owning). */
+    const DataSource* _getOriginDataSource() const noexcept { return originDataSource_; }
+    /** @brief Records the data source the feature was read from (non-owning). */
+    void _setOriginDataSource(const DataSource* source) noexcept { originDataSource_ = source; }
+
+    /** @brief Whether the entities are drawn once ready rather than within a frame (default). */
+    bool _isAsynchronous() const noexcept { return asynchronous_; }
+    /** @brief Sets the asynchronous flag on the feature and on all its entities. */
+    void _setAsynchronous(bool asynchronous);
+
+    /**
+     * @brief The extent of the geometry (radians), computed for polylines and polygons and cached
+     * until the geometry changes; empty without geometry or for kinds that do not give one.
+     */
+    const std::optional<GlobeRectangle>& _getGlobeRectangle();
+    /** @brief The bounding sphere stored by the rendering side, or null. */
+    const BoundingSphere* _getBoundingSphere() const noexcept { return boundingSphere_.get(); }
+    /** @brief Stores a copy of @p sphere (ECEF metres); dropped when the geometry changes. */
+    void _setBoundingSphere(const BoundingSphere& sphere);
+
+    /** @brief The root entity, or null before the first update. */
+    const std::shared_ptr<Entity>& _getImplHandle() noexcept { return implHandle_; }
+    /** @brief The root entity, or null before the first update. */
+    const Entity* _getImplHandle() const noexcept { return implHandle_.get(); }
+    /**
+     * @brief Whether the entities are up to date: true when the feature is not showing (nothing
+     * to draw), else when neither the geometry nor the style waits for an update.
+     */
+    bool _isEntityReady() const;
+    /** @brief The root entity (if any) followed by its descendants, depth first. */
+    std::vector<std::shared_ptr<Entity>> _getAllEntities() const;
+    /**
+     * @brief Records @p entity as added (the rendering side takes it) and gives it the feature's
+     * asynchronous flag. No duplicate check: an entity may stand in both lists.
+     */
+    void _addEntity(const std::shared_ptr<Entity>& entity) const;
+    /** @brief Records @p entity as dropped. No duplicate check. */
+    void _removeEntity(const std::shared_ptr<Entity>& entity) const;
+    /** @brief The entities added since the last call, in order; the list is left empty. */
+    std::vector<std::shared_ptr<Entity>> _takeAddedEntities();
+    /** @brief The entities dropped since the last call, in order; the list is left empty. */
+    std::vector<std::shared_ptr<Entity>> _takeRemovedEntities();
+    /**
+     * @brief Brings the entities up to date; the rendering side calls it once a frame.
+     * @param addAgain when true and the root entity exists, the root and all its descendants are
+     *        reported as added again (for a rendering side that dropped them).
+     */
+    void _updateEntityInCull(bool addAgain);
+
+    /** @brief Adds a listener to the definition-changed event; returns its handle. */
+    std::weak_ptr<FunctionWrapper>
+    _addDefinitionChangedEventListener(std::function<void(Feature*)>&& callback);
+    /**
+     * @brief Raises the definition-changed event with this feature, unless it was already raised
+     * since the last `_updateEntityInCull`.
+     */
+    void _raiseDefinitionChangedEvent();
+    /** @brief The geometry changed: marks it dirty, drops the cached extent and sphere. */
+    void _onGeometryDefinitionChanged();
+    /** @brief The style (or the label options) changed: marks the style dirty. */
+    void _onStyleDefinitionChanged(const Style* style);
+    /** @brief Locks (true) or unlocks (false) the feature's mutex around an edit. */
+    void _onChangedLock(bool locked);
+
+private:
+    using Lock = std::lock_guard<std::recursive_mutex>;
+
+    void markAttributeChanged() noexcept;
+    void copyContentFrom(const Feature& other);
+    void tearDownChildren();
+
+    std::shared_ptr<Geometry> geometry_;
+    std::shared_ptr<Style> style_;
+    AttributeMap attributes_;
+    bool highlight_ = false;
+    std::shared_ptr<Style> highlightStyle_;
+    std::string userDefinedAttribute_;
+    std::vector<std::string> attachmentFiles_;
+    const DataSource* originDataSource_ = nullptr;
+    std::string labelText_;
+    std::unique_ptr<BoundingSphere> boundingSphere_;
+    std::optional<GlobeRectangle> globeRectangle_;
+    bool globeRectangleDirty_ = true;
+    bool geometryDirty_ = true;
+    bool geometryKindChanged_ = false;
+    bool styleDirty_ = true;
+    std::unique_ptr<std::recursive_mutex> mutex_;
+    std::shared_ptr<Entity> implHandle_;
+    // Filled by the geometry through the const feature it is given while it updates.
+    mutable std::vector<std::shared_ptr<Entity>> addedEntities_;
+    mutable std::vector<std::shared_ptr<Entity>> removedEntities_;
+    bool asynchronous_ = true;
+    bool changeRaised_ = false;
+    std::optional<DistanceDisplayCondition> distanceDisplayCondition_;
+    std::unique_ptr<Publisher<std::function<void(Feature*)>>> definitionChanged_;
+    detail::SubscriptionPair geometrySubscription_;
+    detail::SubscriptionPair styleSubscription_;
+};
+
+} // namespace keo::Feature

@@ -1,0 +1,133 @@
+#pragma once
+
+#include "Feature/FeatureBase.h"
+#include "Feature/FeatureExport.h"
+#include "Feature/FunctionWrapper.h"
+#include "Feature/Publisher.h"
+
+#include <cstdint>
+#include <functional>
+#include <list>
+#include <memory>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+namespace keo {
+class Layer;
+} // namespace keo
+
+namespace keo::Feature {
+
+class Feature;
+
+/**
+ * @brief An interior node of the feature tree: an ordered list of children (features and
+ * groups), their parent links, the data-side layer at the root of a tree, visibility passed down
+ * to the subtree, and an event that reports the leaf features entering or leaving the subtree
+ * and climbs to the root group.
+ *
+ * Groups are always held by std::shared_ptr. Removal comes in two forms: soft (`remove`,
+ * `removeAll`: the nodes are hidden and marked Removed, for the layer's owner to commit) and
+ * hard (`removeFromMemory`, `removeAllFromMemory`: the nodes leave the tree).
+ */
+class KEO_FEATURE_API FeatureGroup final : public FeatureBase,
+                                           public std::enable_shared_from_this<FeatureGroup> {
+public:
+    /** @brief The listener type of the added-or-removed event: (features added, removed). */
+    using AddedOrRemovedCallback =
+        std::function<void(const std::vector<std::shared_ptr<Feature>>&,
+                           const std::vector<std::shared_ptr<Feature>>&)>;
+
+    /** @brief An empty group with the id @p id (a fresh random id when empty). */
+    explicit FeatureGroup(std::optional<std::uint64_t> id = std::nullopt);
+    /**
+     * @brief A deep copy with a fresh id: name, description and show, and a clone of every child
+     * added in order (own parent links and subscriptions). The layer is not copied.
+     */
+    FeatureGroup(const FeatureGroup& other);
+    FeatureGroup& operator=(const FeatureGroup&) = delete;
+    /** @brief Disconnects the subscriptions to the child groups. */
+    ~FeatureGroup() override;
+
+    /** @brief A group made by the copy constructor. */
+    std::unique_ptr<FeatureBase> clone() const override;
+    /** @brief True. */
+    bool isGroup() const override;
+    /**
+     * @brief Shows or hides the group. An equal value changes nothing. When the showing state
+     * changes, every feature below that is not hidden by its own flag (or a group's) raises its
+     * definition-changed event; ShowChanged is recorded.
+     */
+    void setShow(bool show) override;
+
+    /**
+     * @brief Appends @p node (a node of another group is moved: that group removes it from
+     * memory first, with its event). A node from a tree of another layer gets the status Added
+     * (its whole subtree for a group) and this group records ContentChanged. Raises the
+     * added-or-removed event with the leaf features that arrive. False for null.
+     */
+    bool add(std::shared_ptr<FeatureBase> node);
+    /**
+     * @brief As add, but places @p node before the child at @p position (the number of children
+     * appends). False for null or a position past the end.
+     */
+    bool insert(std::uint64_t position, std::shared_ptr<FeatureBase> node);
+    /**
+     * @brief Soft removal: hides @p node and marks it Removed (its whole subtree for a group) and
+     * records ContentChanged here; the node stays in its group. False for null or a node without
+     * parent (its parent is not checked to be this group).
+     */
+    bool remove(const std::shared_ptr<FeatureBase>& node);
+    /**
+     * @brief Soft removal of every child and its subtree; records ContentChanged here and sets
+     * the status Modified whatever it was.
+     */
+    void removeAll();
+    /**
+     * @brief Hard removal: takes @p node out of this group, clears its parent link and raises the
+     * added-or-removed event with the leaf features that leave. When @p node belongs to another
+     * group, that group's soft removal is done instead. False for null, a node without parent,
+     * or a node that is not a child of this group.
+     */
+    bool removeFromMemory(const std::shared_ptr<FeatureBase>& node);
+    /** @brief Hard removal of every child, with one added-or-removed event. */
+    void removeAllFromMemory();
+
+    /**
+     * @brief The first feature below this group with @p id, depth first in list order; null when
+     * none. Groups are not matched by id.
+     */
+    std::shared_ptr<FeatureBase> getById(std::uint64_t id) const;
+    /** @brief The children in order. */
+    const std::list<std::shared_ptr<FeatureBase>>& getFeatures() const noexcept {
+        return children_;
+    }
+
+    /** @brief Sets the layer of the tree (only the root group's layer counts). */
+    void _setLayer(std::weak_ptr<Layer> layer) noexcept { layer_ = std::move(layer); }
+    /** @brief This group's own layer, or null when none or gone. */
+    std::shared_ptr<Layer> _getSelfLayer() const noexcept { return layer_.lock(); }
+
+    /** @brief Adds a listener to the added-or-removed event; returns its handle. */
+    std::weak_ptr<FunctionWrapper>
+    _addFeatureAddedOrRemovedEventListener(AddedOrRemovedCallback&& callback);
+    /** @brief Raises the added-or-removed event with @p added and @p removed. */
+    void _raiseFeatureAddedOrRemovedEvent(const std::vector<std::shared_ptr<Feature>>& added,
+                                          const std::vector<std::shared_ptr<Feature>>& removed);
+
+private:
+    using ChildList = std::list<std::shared_ptr<FeatureBase>>;
+
+    bool place(std::optional<std::uint64_t> position, std::shared_ptr<FeatureBase> node);
+    void disconnectChild(std::uint64_t id) noexcept;
+
+    ChildList children_;
+    std::unique_ptr<Publisher<AddedOrRemovedCallback>> featureAddedOrRemoved_;
+    std::weak_ptr<Layer> layer_;
+    std::unordered_map<std::uint64_t, std::weak_ptr<FunctionWrapper>> childHandles_;
+    // Where each child stands in children_, so that hard removal finds it without a search.
+    std::unordered_map<const FeatureBase*, ChildList::iterator> positions_;
+};
+
+} // namespace keo::Feature

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "Feature/FeatureExport.h"
+#include "Feature/Path.h"
+#include "Feature/SubscriptionPair.h"
+#include "Feature/Symbol.h"
+
+#include <memory>
+
+namespace keo::Feature {
+
+class LengthLabelSymbol;
+class Material;
+
+/**
+ * @brief A line: its material, width, an optional animated path along it, and optional length
+ * labels. Edits of the material and of the length label symbol are relayed as edits of the line.
+ */
+class KEO_FEATURE_API LineSymbol final : public Symbol {
+public:
+    /** @brief A line 0.8 pixels wide (as a float), no material, path off, no length labels. */
+    LineSymbol();
+    /**
+     * @brief Copies the values; the material and the length label symbol are cloned and relayed
+     * anew; the copy gets fresh, empty events.
+     */
+    LineSymbol(const LineSymbol& other);
+    ~LineSymbol() override;
+
+    /**
+     * @brief Copies a line symbol's values by the edit rule; the material and the length label
+     * symbol are assigned in place when both hold one, else cloned or cleared. Another kind only
+     * logs.
+     */
+    void assign(const Symbol& other) override;
+    /** @brief A deep copy without listeners. */
+    std::shared_ptr<Symbol> clone() const override;
+    /** @brief Type::Line. */
+    Type getType() const override;
+
+    /** @brief The material painted on the line, or null (the renderer's default). */
+    const std::shared_ptr<Material>& getMaterial() const noexcept { return material_; }
+    /** @brief Sets the material (relayed; the same pointer changes nothing). */
+    void setMaterial(std::shared_ptr<Material> material);
+    /** @brief The line width, pixels (default 0.8f). */
+    float getWidth() const noexcept { return width_; }
+    /** @brief Sets the width, pixels (edit rule; stored as given). */
+    void setWidth(float width);
+    /** @brief The animated path. */
+    const Path& getPath() const noexcept { return path_; }
+    /**
+     * @brief Sets the path. A path that differs only in its restart request changes nothing;
+     * otherwise the whole path, restart request included, is stored by the edit rule.
+     */
+    void setPath(const Path& path);
+    /** @brief Asks the next update to start the path over (edit rule on the request flag). */
+    void restartPath();
+    /** @brief Clears the restart request without events, once the renderer has served it. */
+    void _clearRestartRequest() noexcept { path_.restartRequest = false; }
+    /** @brief The length labels, or null (none). */
+    const std::shared_ptr<LengthLabelSymbol>& getLengthLabelSymbol() const noexcept {
+        return lengthLabelSymbol_;
+    }
+    /** @brief Sets the length labels (relayed; the same pointer changes nothing). */
+    void setLengthLabelSymbol(std::shared_ptr<LengthLabelSymbol> symbol);
+
+private:
+    std::shared_ptr<Material> material_;
+    float width_ = 0.8f;
+    Path path_;
+    std::shared_ptr<LengthLabelSymbol> lengthLabelSymbol_;
+    detail::SubscriptionPair materialSubscription_;
+    detail::SubscriptionPair lengthLabelSubscription_;
+};
+
+} // namespace keo::Feature

@@ -1,0 +1,74 @@
+#include "Feature/LineSymbol.h"
+
+#include "EditRule.h"
+#include "Feature/LengthLabelSymbol.h"
+#include "Feature/Material.h"
+#include "FeatureLog.h"
+#include "Subscription.h"
+
+namespace keo::Feature {
+
+LineSymbol::LineSymbol() = default;
+
+LineSymbol::LineSymbol(const LineSymbol& other)
+    : Symbol(other)
+    , width_(other.width_)
+    , path_(other.path_) {
+    detail::copyOwned(*this, material_, other.material_, materialSubscription_);
+    detail::copyOwned(*this, lengthLabelSymbol_, other.lengthLabelSymbol_,
+                      lengthLabelSubscription_);
+}
+
+LineSymbol::~LineSymbol() = default;
+
+void LineSymbol::assign(const Symbol& other) {
+    if (!detail::checkAssignKind(
+            other.getType() == getType(),
+            {"Core/src/Feature/LineSymbol", __LINE__, "keo::Feature::LineSymbol::assign"})) {
+        return;
+    }
+    Symbol::assign(other);
+    const auto& source = static_cast<const LineSymbol&>(other);
+    detail::assignOwned(*this, material_, source.material_, materialSubscription_);
+    setWidth(source.width_);
+    setPath(source.path_);
+    detail::assignOwned(*this, lengthLabelSymbol_, source.lengthLabelSymbol_,
+                        lengthLabelSubscription_);
+}
+
+std::shared_ptr<Symbol> LineSymbol::clone() const {
+    return std::make_shared<LineSymbol>(*this);
+}
+
+Symbol::Type LineSymbol::getType() const {
+    return Type::Line;
+}
+
+void LineSymbol::setMaterial(std::shared_ptr<Material> material) {
+    detail::replaceOwned(*this, material_, std::move(material), materialSubscription_);
+}
+
+void LineSymbol::setWidth(float width) {
+    detail::applyEdit(*this, width_, width);
+}
+
+void LineSymbol::setPath(const Path& path) {
+    if (path_.sameAnimation(path)) {
+        return;
+    }
+    {
+        const detail::ChangedLockScope<LineSymbol> scope(*this);
+        path_ = path;
+    }
+    _raiseDefinitionChangedEvent();
+}
+
+void LineSymbol::restartPath() {
+    detail::applyEdit(*this, path_.restartRequest, true);
+}
+
+void LineSymbol::setLengthLabelSymbol(std::shared_ptr<LengthLabelSymbol> symbol) {
+    detail::replaceOwned(*this, lengthLabelSymbol_, std::move(symbol), lengthLabelSubscription_);
+}
+
+} // namespace keo::Feature
