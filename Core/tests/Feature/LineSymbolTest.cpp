@@ -1,0 +1,133 @@
+#include "Feature/LineSymbol.h"
+
+#include "Feature/ColorMaterial.h"
+#include "Feature/LabelSymbol.h"
+#include "Feature/LengthLabelSymbol.h"
+#include "FeatureTestSupport.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+using keo::Color;
+using keo::Feature::ColorMaterial;
+using keo::Feature::LengthLabelSymbol;
+using keo::Feature::LineSymbol;
+using keo::Feature::Path;
+using keo::Feature::test::CapturedLog;
+using keo::Feature::test::EventRecorder;
+
+TEST(LineSymbolTest, ANewLineHasTheDefaults) {
+    const LineSymbol line;
+    EXPECT_EQ(static_cast<int>(line.getType()), 4);
+    EXPECT_EQ(line.getWidth(), 0.8f);
+    EXPECT_EQ(static_cast<double>(line.getWidth()), 0.800000011920929);
+    EXPECT_FALSE(line.getPath().enabled);
+    EXPECT_FALSE(line.getPath().closed);
+    EXPECT_FALSE(line.getPath().reversed);
+    EXPECT_TRUE(line.getPath().loop);
+    EXPECT_EQ(line.getPath().speed, 300.0f);
+    EXPECT_FALSE(line.getPath().restartRequest);
+    EXPECT_EQ(line.getMaterial(), nullptr);
+    EXPECT_EQ(line.getLengthLabelSymbol(), nullptr);
+}
+
+TEST(LineSymbolTest, APathThatDiffersOnlyInItsRestartRequestIsIgnored) {
+    LineSymbol line;
+    EventRecorder recorder(line);
+    Path path;
+    path.restartRequest = true;
+    line.setPath(path);
+    EXPECT_EQ(recorder.events, "");
+    EXPECT_FALSE(line.getPath().restartRequest);
+    path.speed = 10.0f;
+    line.setPath(path);
+    EXPECT_EQ(recorder.events, "LUD");
+    EXPECT_TRUE(line.getPath().restartRequest); // stored with the rest
+}
+
+TEST(LineSymbolTest, RestartPathRaisesOnlyWhileNoRequestIsPending) {
+    LineSymbol line;
+    EventRecorder recorder(line);
+    line.restartPath();
+    line.restartPath();
+    EXPECT_EQ(recorder.events, "LUD");
+    line._clearRestartRequest();
+    EXPECT_EQ(recorder.events, "LUD");
+    line.restartPath();
+    EXPECT_EQ(recorder.events, "LUDLUD");
+}
+
+TEST(LineSymbolTest, SettingTheSameMaterialTwiceRaisesOnce) {
+    LineSymbol line;
+    EventRecorder recorder(line);
+    const auto material = std::make_shared<ColorMaterial>(Color::RED);
+    line.setMaterial(material);
+    line.setMaterial(material);
+    EXPECT_EQ(recorder.events, "LUD");
+}
+
+TEST(LineSymbolTest, OnlyTheHeldMaterialAndLengthLabelsAreRelayed) {
+    LineSymbol line;
+    const auto first = std::make_shared<ColorMaterial>();
+    const auto second = std::make_shared<ColorMaterial>();
+    line.setMaterial(first);
+    line.setMaterial(second);
+    const auto labels = std::make_shared<LengthLabelSymbol>();
+    line.setLengthLabelSymbol(labels);
+    EventRecorder recorder(line);
+    first->setColor(Color::RED);
+    EXPECT_EQ(recorder.events, "");
+    second->setColor(Color::RED);
+    labels->setDecimalPlaces(0);
+    EXPECT_EQ(recorder.events, "LUDLUD");
+}
+
+TEST(LineSymbolTest, ACopyHasItsOwnMaterialAndLengthLabels) {
+    LineSymbol source;
+    source.setWidth(2.0f);
+    source.setMaterial(std::make_shared<ColorMaterial>(Color::BLUE));
+    source.setLengthLabelSymbol(std::make_shared<LengthLabelSymbol>());
+    const auto copy = std::static_pointer_cast<LineSymbol>(source.clone());
+    EXPECT_EQ(copy->getWidth(), 2.0f);
+    ASSERT_NE(copy->getMaterial(), nullptr);
+    EXPECT_NE(copy->getMaterial(), source.getMaterial());
+    ASSERT_NE(copy->getLengthLabelSymbol(), nullptr);
+    EXPECT_NE(copy->getLengthLabelSymbol(), source.getLengthLabelSymbol());
+    EventRecorder recorder(*copy);
+    source.getLengthLabelSymbol()->setSize(1.0f);
+    EXPECT_EQ(recorder.events, "");
+    copy->getLengthLabelSymbol()->setSize(1.0f);
+    EXPECT_EQ(recorder.events, "LUD");
+}
+
+TEST(LineSymbolTest, AssignEditsHeldObjectsInPlaceAndClearsMissingOnes) {
+    LineSymbol source;
+    source.setMaterial(std::make_shared<ColorMaterial>(Color::GREEN));
+    source.setWidth(3.0f);
+    LineSymbol target;
+    const auto held = std::make_shared<ColorMaterial>();
+    target.setMaterial(held);
+    target.setLengthLabelSymbol(std::make_shared<LengthLabelSymbol>());
+    target.assign(source);
+    EXPECT_EQ(target.getMaterial(), held);
+    EXPECT_EQ(std::static_pointer_cast<ColorMaterial>(target.getMaterial())->getColor(),
+              Color::GREEN);
+    EXPECT_EQ(target.getWidth(), 3.0f);
+    EXPECT_EQ(target.getLengthLabelSymbol(), nullptr);
+}
+
+TEST(LineSymbolTest, AssignFromAnotherKindLogsAndChangesNothing) {
+    const CapturedLog log;
+    LineSymbol target;
+    target.assign(keo::Feature::LabelSymbol());
+    const auto records = log.records();
+    ASSERT_EQ(records.size(), 1u);
+    EXPECT_EQ(records[0].message, keo::Feature::test::kAssignKindMessage);
+    EXPECT_EQ(records[0].location.file, "Core/src/Feature/LineSymbol");
+    EXPECT_EQ(records[0].location.function, "keo::Feature::LineSymbol::assign");
+}
+
+} // namespace
