@@ -24,8 +24,17 @@ class Publisher;
  * - raiseEvent calls the listeners in the order they were added. A listener added while the event
  *   fires is first called by the next raising; a listener removed while it fires is not called
  *   again and is unlinked (its callback released) once the outermost raising has finished.
- * - A recursive mutex is held while the event fires, so a listener may raise the same event
- *   again or add and remove listeners, and raisings from other threads wait.
+ * - A recursive mutex guards the list, but it is not held while listeners run: a raising takes
+ *   it to note that it fires and which listeners it will call, calls them unlocked, and takes it
+ *   again when it ends. So a listener may raise the same event again or add and remove listeners,
+ *   raisings from several threads may run at once (listeners must then be thread-safe), and an
+ *   event never holds its mutex while a listener takes another lock. The last point matters: a
+ *   feature locks its own mutex from a changed-lock listener and, still holding it, raises the
+ *   changed-lock event again at the end of the edit; an event that held its mutex around its
+ *   listeners would make that a lock-order cycle between two editing threads.
+ * - While any raising is under way, removals only mark the listener and are applied (the entry
+ *   unlinked and its callback released) when the last raising ends, so a running raising never
+ *   sees its list change under it: appends land after the last listener it calls.
  * - A listener holding an empty std::function fails with std::bad_function_call when called; the
  *   event stays consistent (the mutex is released and pending removals are applied).
  * - Not copyable: owners hold their events through std::unique_ptr, so a copy of the owner
@@ -57,15 +66,22 @@ public:
     /** @brief Calls every listener in order with @p args (see the class description). */
     void raiseEvent(Args... args) {
         State& state = *state_;
-        const std::lock_guard<std::recursive_mutex> lock(state.mutex);
-        if (state.listeners.empty()) {
-            return;
+        typename ListenerList::iterator it;
+        typename ListenerList::iterator last;
+        {
+            const std::lock_guard<std::recursive_mutex> lock(state.mutex);
+            if (state.listeners.empty()) {
+                return;
+            }
+            ++state.firingDepth;
+            it = state.listeners.begin();
+            last = std::prev(state.listeners.end());
         }
         const FiringScope scope(state);
-        // Only the listeners present when the raising began are called; the list only grows
-        // while firing (removals are deferred), so `last` stays valid.
-        const auto last = std::prev(state.listeners.end());
-        for (auto it = state.listeners.begin();; ++it) {
+        // Only the listeners present when the raising began are called. While it fires nothing
+        // is unlinked and appends only touch the node after `last`, so the nodes up to `last`
+        // and their links stay as they are without the mutex.
+        for (;; ++it) {
             Listener& listener = **it;
             if (!listener.removed) {
                 listener.callback(args...);
@@ -84,6 +100,8 @@ public:
 
 private:
     struct State;
+    class Listener;
+    using ListenerList = std::list<std::shared_ptr<Listener>>;
 
     class Listener final : public FunctionWrapper {
     public:
@@ -134,15 +152,14 @@ private:
         }
     };
 
-    // Counts nested raisings; the outermost one applies the removals requested meanwhile, also
-    // when a listener throws.
+    // Ends a raising that was counted in (under the mutex) when it began; the last raising to
+    // end applies the removals requested meanwhile, also when a listener throws.
     class FiringScope final {
     public:
-        explicit FiringScope(State& state)
-            : state_(state) {
-            ++state_.firingDepth;
-        }
+        explicit FiringScope(State& state) noexcept
+            : state_(state) {}
         ~FiringScope() {
+            const std::lock_guard<std::recursive_mutex> lock(state_.mutex);
             if (--state_.firingDepth == 0) {
                 state_.applyPendingRemovals();
             }

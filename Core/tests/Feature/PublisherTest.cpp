@@ -194,7 +194,7 @@ TEST(PublisherTest, RemovedListenerReleasesWhatItCaptured) {
     EXPECT_EQ(watch.use_count(), 1); // only the test holds it now
 }
 
-TEST(PublisherTest, ConcurrentRaisingAndSubscribingIsSerialised) {
+TEST(PublisherTest, ConcurrentRaisingAndSubscribingIsSafe) {
     VoidEvent event;
     std::atomic<int> calls{0};
     event.addEventListener([&] { calls.fetch_add(1, std::memory_order_relaxed); });
