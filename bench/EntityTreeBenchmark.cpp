@@ -1,7 +1,7 @@
 // Cost of building entity trees shaped like a point feature's: a root with a point and three named
 // children (label, billboard, model), each entity with its own constant position. Reports the
-// time and the heap bytes per tree; the bytes are counted by the replaced global operator new and
-// delete below (the benchmark runs on one thread, so plain counters suffice).
+// time and the heap bytes per tree, counted by the replaced global operator new and delete of
+// CountingAllocator.cpp.
 
 #include "Data/BillboardGraphics.h"
 #include "Data/ConstantPositionProperty.h"
@@ -11,63 +11,15 @@
 #include "Data/PointGraphics.h"
 #include "Data/Resource.h"
 
+#include "CountingAllocator.h"
+
 #include <benchmark/benchmark.h>
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
-#include <new>
 #include <string>
 #include <vector>
-
-namespace {
-
-std::size_t allocatedBytes = 0;
-std::size_t freedBytes = 0;
-
-// Each block starts with a header holding its size, so that the unsized delete can count it.
-constexpr std::size_t kHeader = alignof(std::max_align_t);
-
-void* countedAllocate(std::size_t size) {
-    void* block = std::malloc(size + kHeader);
-    if (block == nullptr) {
-        throw std::bad_alloc();
-    }
-    *static_cast<std::size_t*>(block) = size;
-    allocatedBytes += size;
-    return static_cast<char*>(block) + kHeader;
-}
-
-void countedFree(void* pointer) noexcept {
-    if (pointer == nullptr) {
-        return;
-    }
-    void* block = static_cast<char*>(pointer) - kHeader;
-    freedBytes += *static_cast<std::size_t*>(block);
-    std::free(block);
-}
-
-} // namespace
-
-void* operator new(std::size_t size) {
-    return countedAllocate(size);
-}
-void* operator new[](std::size_t size) {
-    return countedAllocate(size);
-}
-void operator delete(void* pointer) noexcept {
-    countedFree(pointer);
-}
-void operator delete[](void* pointer) noexcept {
-    countedFree(pointer);
-}
-void operator delete(void* pointer, std::size_t) noexcept {
-    countedFree(pointer);
-}
-void operator delete[](void* pointer, std::size_t) noexcept {
-    countedFree(pointer);
-}
 
 namespace {
 
@@ -118,13 +70,14 @@ void BM_BuildEntityTrees(benchmark::State& state) {
     std::size_t grossBytes = 0;
     std::size_t liveBytes = 0;
     for (auto _ : state) {
-        const std::size_t allocatedBefore = allocatedBytes;
-        const std::size_t freedBefore = freedBytes;
+        const std::size_t allocatedBefore = keo::bench::allocatedBytes();
+        const std::size_t freedBefore = keo::bench::freedBytes();
         for (std::size_t i = 0; i < kTrees; ++i) {
             trees.push_back(buildTree(i, model));
         }
-        grossBytes += allocatedBytes - allocatedBefore;
-        liveBytes += (allocatedBytes - allocatedBefore) - (freedBytes - freedBefore);
+        grossBytes += keo::bench::allocatedBytes() - allocatedBefore;
+        liveBytes += (keo::bench::allocatedBytes() - allocatedBefore) -
+                     (keo::bench::freedBytes() - freedBefore);
         benchmark::DoNotOptimize(trees.data());
         state.PauseTiming();
         trees.clear();
