@@ -1,0 +1,77 @@
+#include "Feature/BillboardSymbol.h"
+
+#include "BeginAssign.h"
+#include "EditRule.h"
+
+namespace keo::Feature {
+
+BillboardSymbol::BillboardSymbol() = default;
+
+BillboardSymbol::BillboardSymbol(const BillboardSymbol& other) = default;
+
+BillboardSymbol::~BillboardSymbol() = default;
+
+void BillboardSymbol::assign(const Symbol& other) {
+    const auto* const source = detail::beginAssign(
+        *this, other,
+        {"Core/src/Feature/BillboardSymbol", __LINE__, "keo::Feature::BillboardSymbol::assign"});
+    if (source == nullptr) {
+        return;
+    }
+    std::visit([this](const auto& image) { setImage(image); }, source->image_);
+    setWidth(source->width_);
+    setHeight(source->height_);
+    setScale(source->scale_);
+    setColor(source->color_);
+    setHorizontalOrigin(source->horizontalOrigin_);
+    setVerticalOrigin(source->verticalOrigin_);
+    setPixelOffset(source->pixelOffset_);
+}
+
+std::shared_ptr<Symbol> BillboardSymbol::clone() const {
+    return std::make_shared<BillboardSymbol>(*this);
+}
+
+Symbol::Type BillboardSymbol::getType() const {
+    return Type::Billboard;
+}
+
+// Both overloads compare whole variants: equal only for the same alternative holding an equal
+// value, i.e. the same text for a path and the same object for a decoded image.
+void BillboardSymbol::setImage(const std::string& path) {
+    detail::applyEdit(*this, image_, ImageSource(path));
+}
+
+void BillboardSymbol::setImage(std::shared_ptr<Image> image) {
+    detail::applyEdit(*this, image_, ImageSource(std::move(image)));
+}
+
+void BillboardSymbol::setWidth(const std::optional<float>& width) {
+    detail::applyEdit(*this, width_, width);
+}
+
+void BillboardSymbol::setHeight(const std::optional<float>& height) {
+    detail::applyEdit(*this, height_, height);
+}
+
+void BillboardSymbol::setScale(float scale) {
+    detail::applyEdit(*this, scale_, scale);
+}
+
+void BillboardSymbol::setColor(const Color& color) {
+    detail::applyEdit(*this, color_, color);
+}
+
+void BillboardSymbol::setHorizontalOrigin(const HorizontalOrigin& origin) {
+    detail::applyEdit(*this, horizontalOrigin_, origin);
+}
+
+void BillboardSymbol::setVerticalOrigin(const VerticalOrigin& origin) {
+    detail::applyEdit(*this, verticalOrigin_, origin);
+}
+
+void BillboardSymbol::setPixelOffset(const Vector2<float>& offset) {
+    detail::applyEdit(*this, pixelOffset_, offset);
+}
+
+} // namespace keo::Feature

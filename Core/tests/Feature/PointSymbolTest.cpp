@@ -1,0 +1,133 @@
+#include "Feature/PointSymbol.h"
+
+#include "Feature/BillboardSymbol.h"
+#include "SymbolTestSupport.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <vector>
+
+namespace {
+
+using keo::Color;
+using keo::Feature::PointSymbol;
+using keo::Feature::Symbol;
+using namespace keo::Feature::test;
+
+constexpr float NaN = std::numeric_limits<float>::quiet_NaN();
+
+PointSymbol makeEdited() {
+    PointSymbol symbol;
+    symbol.setEnabled(false);
+    symbol.setPixelSize(12.0f);
+    symbol.setColor(Color::RED);
+    symbol.setOutlineColor(Color::BLUE);
+    symbol.setOutlineWidth(3.0f);
+    return symbol;
+}
+
+void expectSameFields(const PointSymbol& a, const PointSymbol& b) {
+    EXPECT_EQ(a.isEnabled(), b.isEnabled());
+    EXPECT_EQ(a.getPixelSize(), b.getPixelSize());
+    EXPECT_EQ(a.getColor(), b.getColor());
+    EXPECT_EQ(a.getOutlineColor(), b.getOutlineColor());
+    EXPECT_EQ(a.getOutlineWidth(), b.getOutlineWidth());
+}
+
+TEST(PointSymbolTest, DefaultIsAWhiteDotOfSizeZeroWithABlackOutlineOnePixelWide) {
+    const PointSymbol symbol;
+    EXPECT_EQ(symbol.getType(), Symbol::Type::Point);
+    EXPECT_TRUE(symbol.isEnabled());
+    EXPECT_EQ(symbol.getPixelSize(), 0.0f);
+    EXPECT_EQ(symbol.getColor(), Color::WHITE);
+    EXPECT_EQ(symbol.getOutlineColor(), Color::BLACK);
+    EXPECT_EQ(symbol.getOutlineWidth(), 1.0f);
+}
+
+TEST(PointSymbolTest, SetPixelSizeRaisesOneChangeAndNothingForTheSameValue) {
+    expectOneChangeThenNone<PointSymbol>([](PointSymbol& s, float v) { s.setPixelSize(v); }, 8.0f);
+}
+
+TEST(PointSymbolTest, SetColorRaisesOneChangeAndNothingForTheSameValue) {
+    expectOneChangeThenNone<PointSymbol>([](PointSymbol& s, const Color& v) { s.setColor(v); },
+                                         Color::RED);
+}
+
+TEST(PointSymbolTest, SetOutlineColorRaisesOneChangeAndNothingForTheSameValue) {
+    expectOneChangeThenNone<PointSymbol>(
+        [](PointSymbol& s, const Color& v) { s.setOutlineColor(v); }, Color::YELLOW);
+}
+
+TEST(PointSymbolTest, SetOutlineWidthRaisesOneChangeAndNothingForTheSameValue) {
+    expectOneChangeThenNone<PointSymbol>([](PointSymbol& s, float v) { s.setOutlineWidth(v); },
+                                         2.5f);
+}
+
+TEST(PointSymbolTest, SettingTheDefaultValuesRaisesNothing) {
+    PointSymbol symbol;
+    const EventRecorder recorder(symbol);
+    symbol.setPixelSize(0.0f);
+    symbol.setColor(Color::WHITE);
+    symbol.setOutlineColor(Color::BLACK);
+    symbol.setOutlineWidth(1.0f);
+    EXPECT_EQ(recorder.events, "");
+}
+
+TEST(PointSymbolTest, NaNIsAlwaysAChange) {
+    expectNaNAlwaysChanges<PointSymbol>([](PointSymbol& s, float v) { s.setPixelSize(v); }, NaN);
+    expectNaNAlwaysChanges<PointSymbol>([](PointSymbol& s, float v) { s.setOutlineWidth(v); }, NaN);
+    expectNaNAlwaysChanges<PointSymbol>([](PointSymbol& s, const Color& v) { s.setColor(v); },
+                                        Color(NaN, 0.0f, 0.0f));
+    expectNaNAlwaysChanges<PointSymbol>(
+        [](PointSymbol& s, const Color& v) { s.setOutlineColor(v); }, Color(0.0f, 0.0f, 0.0f, NaN));
+}
+
+TEST(PointSymbolTest, ValuesAreStoredWithoutRangeChecks) {
+    PointSymbol symbol;
+    symbol.setPixelSize(-4.0f);
+    symbol.setOutlineWidth(-1.0f);
+    EXPECT_EQ(symbol.getPixelSize(), -4.0f);
+    EXPECT_EQ(symbol.getOutlineWidth(), -1.0f);
+}
+
+TEST(PointSymbolTest, AssignCopiesEnabledThenPixelSizeColorOutlineColorOutlineWidth) {
+    const PointSymbol source = makeEdited();
+    PointSymbol target;
+    const EventRecorder recorder(target);
+    FieldOrder order(target);
+    order.add("enabled", [&] { return target.isEnabled() == source.isEnabled(); });
+    order.add("pixelSize", [&] { return target.getPixelSize() == source.getPixelSize(); });
+    order.add("color", [&] { return target.getColor() == source.getColor(); });
+    order.add("outlineColor", [&] { return target.getOutlineColor() == source.getOutlineColor(); });
+    order.add("outlineWidth", [&] { return target.getOutlineWidth() == source.getOutlineWidth(); });
+    target.assign(source);
+    EXPECT_EQ(order.order(), (std::vector<std::string>{"enabled", "pixelSize", "color",
+                                                       "outlineColor", "outlineWidth"}));
+    EXPECT_EQ(recorder.events, "LUDLUDLUDLUDLUD");
+    expectSameFields(target, source);
+}
+
+TEST(PointSymbolTest, AssignRaisesEventsOnlyForFieldsThatDiffer) {
+    PointSymbol source;
+    source.setColor(Color::GREEN);
+    PointSymbol target;
+    const EventRecorder recorder(target);
+    target.assign(source);
+    EXPECT_EQ(recorder.events, "LUD");
+    target.assign(source);
+    EXPECT_EQ(recorder.events, "LUD");
+}
+
+TEST(PointSymbolTest, AssignFromAnotherKindLogsAndChangesNothing) {
+    expectAssignFromAnotherKindIgnored<PointSymbol, keo::Feature::BillboardSymbol>(
+        "Core/src/Feature/PointSymbol", "keo::Feature::PointSymbol::assign");
+}
+
+TEST(PointSymbolTest, CloneAndCopyHaveEveryFieldAndEventsOfTheirOwn) {
+    PointSymbol source = makeEdited();
+    expectCopiesAreIndependent(source, expectSameFields,
+                               [](PointSymbol& copy) { copy.setPixelSize(99.0f); });
+}
+
+} // namespace
