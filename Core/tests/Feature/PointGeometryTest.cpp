@@ -1,0 +1,3 @@
+#include "Feature/PointGeometry.h"
+
+#include <gtest/gtest.h>
