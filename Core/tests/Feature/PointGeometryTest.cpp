@@ -949,7 +949,8 @@ TEST(PointGeometryTest, OverAModelTheHintLineRidesOnTheModelAndTheAnchorIsLeft) 
     expectNear(valueAtZero(hintLine->getPosition()), cartesian(top));
 }
 
-// --- through a feature, frame after frame ---------------------------------------------------------
+// --- through a feature, frame after frame
+// ---------------------------------------------------------
 
 // A point feature with every symbol and the frame loop of a renderer: each frame runs the update
 // and checks that the added and dropped entities are exactly the difference of the entity tree.

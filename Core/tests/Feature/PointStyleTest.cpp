@@ -54,32 +54,30 @@ struct Slot {
 
 template <typename Kind, typename Setter, typename Getter, typename Edit>
 Slot makeSlot(std::string name, Setter setter, Getter getter, Edit edit) {
-    return Slot{std::move(name),
-                [] { return std::make_shared<Kind>(); },
-                [setter](PointStyle& style, const std::shared_ptr<Symbol>& symbol) {
-                    (style.*setter)(std::static_pointer_cast<Kind>(symbol));
-                },
-                [getter](PointStyle& style) -> std::shared_ptr<Symbol> { return (style.*getter)(); },
-                [edit](Symbol& symbol) { edit(static_cast<Kind&>(symbol)); }};
+    return Slot{
+        std::move(name), [] { return std::make_shared<Kind>(); },
+        [setter](PointStyle& style, const std::shared_ptr<Symbol>& symbol) {
+            (style.*setter)(std::static_pointer_cast<Kind>(symbol));
+        },
+        [getter](PointStyle& style) -> std::shared_ptr<Symbol> { return (style.*getter)(); },
+        [edit](Symbol& symbol) { edit(static_cast<Kind&>(symbol)); }};
 }
 
 std::vector<Slot> allSlots() {
     return {
-        makeSlot<PointSymbol>(
-            "point", &PointStyle::setPointSymbol,
-            static_cast<const std::shared_ptr<PointSymbol>& (PointStyle::*)()>(
-                &PointStyle::getPointSymbol),
-            [](PointSymbol& s) { s.setPixelSize(s.getPixelSize() + 1.0f); }),
+        makeSlot<PointSymbol>("point", &PointStyle::setPointSymbol,
+                              static_cast<const std::shared_ptr<PointSymbol>& (PointStyle::*)()>(
+                                  &PointStyle::getPointSymbol),
+                              [](PointSymbol& s) { s.setPixelSize(s.getPixelSize() + 1.0f); }),
         makeSlot<BillboardSymbol>(
             "billboard", &PointStyle::setBillboardSymbol,
             static_cast<const std::shared_ptr<BillboardSymbol>& (PointStyle::*)()>(
                 &PointStyle::getBillboardSymbol),
             [](BillboardSymbol& s) { s.setScale(s.getScale() + 1.0f); }),
-        makeSlot<ModelSymbol>(
-            "model", &PointStyle::setModelSymbol,
-            static_cast<const std::shared_ptr<ModelSymbol>& (PointStyle::*)()>(
-                &PointStyle::getModelSymbol),
-            [](ModelSymbol& s) { s.setAllowPicking(!s.isAllowPicking()); }),
+        makeSlot<ModelSymbol>("model", &PointStyle::setModelSymbol,
+                              static_cast<const std::shared_ptr<ModelSymbol>& (PointStyle::*)()>(
+                                  &PointStyle::getModelSymbol),
+                              [](ModelSymbol& s) { s.setAllowPicking(!s.isAllowPicking()); }),
         makeSlot<ParticleSystemSymbol>(
             "particle system", &PointStyle::setParticleSystemSymbol,
             static_cast<const std::shared_ptr<ParticleSystemSymbol>& (PointStyle::*)()>(
@@ -116,8 +114,9 @@ TEST(PointStyleTest, ANewStyleIsOfThePointKindAndHoldsNoSymbol) {
 
 TEST(PointStyleTest, AConstStyleGivesTheDotAsASharedPointerAndTheOthersAsConstPointers) {
     using ConstStyle = const PointStyle&;
-    static_assert(std::is_same_v<std::decay_t<decltype(std::declval<ConstStyle>().getPointSymbol())>,
-                                 std::shared_ptr<PointSymbol>>);
+    static_assert(
+        std::is_same_v<std::decay_t<decltype(std::declval<ConstStyle>().getPointSymbol())>,
+                       std::shared_ptr<PointSymbol>>);
     static_assert(std::is_same_v<decltype(std::declval<ConstStyle>().getBillboardSymbol()),
                                  const BillboardSymbol*>);
     static_assert(
@@ -355,7 +354,8 @@ TEST(PointStyleTest, AssignCopiesTheBaseFirstThenTheSlotsInOrder) {
     PointStyle target;
     FieldOrder order(target);
     order.add("label", [&] { return target.getLabelSymbol() != nullptr; });
-    order.add("height", [&] { return target.getHeightReference() == HeightReference::ClampToGround; });
+    order.add("height",
+              [&] { return target.getHeightReference() == HeightReference::ClampToGround; });
     order.add("shadows", [&] { return target.getShadows() == 1; });
     order.add("point", [&] { return target.getPointSymbol() != nullptr; });
     order.add("billboard", [&] { return target.getBillboardSymbol() != nullptr; });
@@ -410,7 +410,8 @@ TEST(PointStyleTest, ACopyHoldsItsOwnCopiesOfTheSymbolsAndRelaysThem) {
             expected += "LUD";
             EXPECT_EQ(recorder.events, expected);
             slot.edit(*slot.get(*source));
-            EXPECT_EQ(recorder.events, expected) << "the source's symbols are not relayed by a copy";
+            EXPECT_EQ(recorder.events, expected)
+                << "the source's symbols are not relayed by a copy";
         }
     }
     EXPECT_EQ(sourceRecorder.events, "LUDLUDLUDLUDLUDLUDLUDLUD");
