@@ -112,7 +112,9 @@ public:
      * feature's label text, else its name; the fill colour is Color::HIGHLIGHTCOLOR while the
      * feature is highlighted; the distance display condition is the intersection of the
      * feature's and the symbol's. The symbol's hint line is drawn by a "hint-line" child of the
-     * label (see LabelSymbol::setShowHintLine). Otherwise an existing "label-symbol" child is
+     * label (see LabelSymbol::setShowHintLine). The label of a PointGeometry is drawn over
+     * terrain and models when the point is an overlay (PointGeometry::isOverlay); other kinds
+     * leave the label's overlay setting as it is. Otherwise an existing "label-symbol" child is
      * detached and reported removed. Returns true.
      */
     bool updateLabel(keo::Entity& entity, const Feature& feature, const Style* style) const;

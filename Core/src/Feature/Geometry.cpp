@@ -5,16 +5,17 @@
 #include "Data/Entity.h"
 #include "Data/LabelGraphics.h"
 #include "Data/PolylineGraphics.h"
+#include "DisplayCondition.h"
 #include "EditRule.h"
 #include "Feature/Feature.h"
 #include "Feature/LabelSymbol.h"
 #include "Feature/LineSymbol.h"
 #include "Feature/Material.h"
+#include "Feature/PointGeometry.h"
 #include "Feature/Style.h"
 #include "FeatureLog.h"
 #include "HeightReferenceRules.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <limits>
 
@@ -34,21 +35,6 @@ std::shared_ptr<LabelGraphics> makeLabelGraphics() {
     options.fillColor = Color::WHITE;
     options.outlineColor = Color::BLACK;
     return std::make_shared<LabelGraphics>(options);
-}
-
-// The label's distance display condition: the intersection (larger near, smaller far) when the
-// feature and the symbol both have one, else whichever is present.
-std::optional<DistanceDisplayCondition>
-intersect(const std::optional<DistanceDisplayCondition>& feature,
-          const std::optional<DistanceDisplayCondition>& symbol) {
-    if (!feature) {
-        return symbol;
-    }
-    if (!symbol) {
-        return feature;
-    }
-    return DistanceDisplayCondition(std::max(feature->getNear(), symbol->getNear()),
-                                    std::min(feature->getFar(), symbol->getFar()));
 }
 
 // The screen-space vertices of the hint line, pixels from the labelled point: to the label's
@@ -159,9 +145,17 @@ bool Geometry::updateLabel(Entity& entity, const Feature& feature, const Style* 
     const auto label = detail::findOrCreateChild(entity, "label-symbol", feature);
     auto& graphics = detail::ensureGraphics<LabelGraphics>(*label, makeLabelGraphics);
     const HeightReference heightReference = style->getHeightReference();
-    const auto condition =
-        intersect(feature.getDistanceDisplayCondition(), symbol->getDistanceDisplayCondition());
+    // The label shows where both the feature and the symbol allow it.
+    const auto condition = detail::intersectDisplayConditions(
+        feature.getDistanceDisplayCondition(), symbol->getDistanceDisplayCondition());
     fillLabel(graphics, *symbol, feature, std::move(text), heightReference, condition);
+    // A point decides whether its label is drawn over everything else; other kinds leave the
+    // label's own setting. The cast is checked, as other classes may claim the point code.
+    if (getType() == Type::Point) {
+        if (const auto* point = dynamic_cast<const PointGeometry*>(this)) {
+            graphics.setOverlay(point->isOverlay());
+        }
+    }
     updateHintLine(*label, *symbol, feature, heightReference, condition);
     return true;
 }
