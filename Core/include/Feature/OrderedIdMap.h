@@ -74,14 +74,14 @@ public:
     ValueList takeValues() noexcept {
         ValueList taken = std::move(values_);
         values_.clear(); // a moved-from list is valid but unspecified: make it empty for sure
-        index_.clear();
+        clearIndex();
         return taken;
     }
 
     /** @brief Erases every value. */
     void clear() noexcept {
         values_.clear();
-        index_.clear();
+        clearIndex();
     }
 
     /** @brief The values in insertion order. */
@@ -92,8 +92,22 @@ public:
     std::size_t size() const noexcept { return values_.size(); }
 
 private:
+    using Index = std::unordered_map<std::uint64_t, typename ValueList::iterator>;
+
+    // Clearing a hash map takes time in its bucket count, which stays at its peak however few
+    // entries are left. A map that once held many values and now holds few (the added batch of a
+    // collection after a bulk addition, cleared again at every later notification) is replaced
+    // by a fresh one, so that each later clear takes time in the entries it held.
+    void clearIndex() noexcept {
+        if (index_.size() * 4 >= index_.bucket_count()) {
+            index_.clear();
+        } else {
+            Index().swap(index_);
+        }
+    }
+
     ValueList values_;
-    std::unordered_map<std::uint64_t, typename ValueList::iterator> index_;
+    Index index_;
 };
 
 } // namespace keo::Feature::detail
