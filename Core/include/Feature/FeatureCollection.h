@@ -147,6 +147,18 @@ private:
         std::uint64_t serial = 0;
     };
 
+    // A field read or written under the collection's lock.
+    template <typename T>
+    T readLocked(const T& field) const {
+        const Lock lock(mutex_);
+        return field;
+    }
+    template <typename T>
+    void writeLocked(T& field, T value) {
+        const Lock lock(mutex_);
+        field = value;
+    }
+
     MemberSubscription subscribe(Feature& feature);
     void onMemberDefinitionChanged(Feature* feature, std::uint64_t serial);
     std::weak_ptr<FunctionWrapper> takeSubscription(std::uint64_t id);

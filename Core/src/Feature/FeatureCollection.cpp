@@ -201,8 +201,7 @@ void FeatureCollection::resumeEvents() {
 }
 
 std::uint32_t FeatureCollection::getSuspendCount() const {
-    const Lock lock(mutex_);
-    return suspendCount_;
+    return readLocked(suspendCount_);
 }
 
 void FeatureCollection::fireChangedEvent() {
@@ -230,28 +229,23 @@ void FeatureCollection::fireChangedEvent() {
 }
 
 bool FeatureCollection::isFiring() const {
-    const Lock lock(mutex_);
-    return firing_;
+    return readLocked(firing_);
 }
 
 void FeatureCollection::setFiring(bool firing) {
-    const Lock lock(mutex_);
-    firing_ = firing;
+    writeLocked(firing_, firing);
 }
 
 bool FeatureCollection::isRefire() const {
-    const Lock lock(mutex_);
-    return refire_;
+    return readLocked(refire_);
 }
 
 void FeatureCollection::setRefire(bool refire) {
-    const Lock lock(mutex_);
-    refire_ = refire;
+    writeLocked(refire_, refire);
 }
 
 bool FeatureCollection::isShow() const {
-    const Lock lock(mutex_);
-    return show_;
+    return readLocked(show_);
 }
 
 void FeatureCollection::setShow(bool show) {
