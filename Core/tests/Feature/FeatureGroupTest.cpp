@@ -237,8 +237,9 @@ TEST(FeatureGroupTest, TheLayerIsFoundOnlyAtTheRoot) {
 
 TEST(FeatureGroupTest, NoLayerWithoutAParentOrOnceTheLayerIsGone) {
     EXPECT_EQ(makeFeature(1)->getLayer(), nullptr);
-    const FeatureBase& orphan = *makeFeature(2);
-    EXPECT_EQ(orphan.getLayer(), nullptr);
+    const auto orphan = makeFeature(2);
+    const FeatureBase& constOrphan = *orphan;
+    EXPECT_EQ(constOrphan.getLayer(), nullptr);
 
     Tree tree;
     auto layer = std::make_shared<Layer>();
