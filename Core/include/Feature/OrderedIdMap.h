@@ -95,11 +95,14 @@ private:
     using Index = std::unordered_map<std::uint64_t, typename ValueList::iterator>;
 
     // Clearing a hash map takes time in its bucket count, which stays at its peak however few
-    // entries are left. A map that once held many values and now holds few (the added batch of a
-    // collection after a bulk addition, cleared again at every later notification) is replaced
-    // by a fresh one, so that each later clear takes time in the entries it held.
+    // entries are left. A large map that once held many values and now holds few (the added
+    // batch of a collection after a bulk addition, cleared again at every later notification) is
+    // replaced by a fresh one, so that each later clear takes time in the entries it held; a
+    // small one keeps its buckets, which saves allocating them again.
     void clearIndex() noexcept {
-        if (index_.size() * 4 >= index_.bucket_count()) {
+        constexpr std::size_t SMALL_BUCKET_COUNT = 64;
+        if (index_.bucket_count() <= SMALL_BUCKET_COUNT ||
+            index_.size() * 4 >= index_.bucket_count()) {
             index_.clear();
         } else {
             Index().swap(index_);

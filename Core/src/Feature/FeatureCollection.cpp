@@ -38,14 +38,25 @@ public:
     DeferredDisconnects(const DeferredDisconnects&) = delete;
     DeferredDisconnects& operator=(const DeferredDisconnects&) = delete;
     ~DeferredDisconnects() {
-        for (const auto& handle : handles_) {
+        detail::disconnectListener(first_);
+        for (const auto& handle : more_) {
             detail::disconnectListener(handle);
         }
     }
-    void add(std::weak_ptr<FunctionWrapper> handle) { handles_.push_back(std::move(handle)); }
+    void add(std::weak_ptr<FunctionWrapper> handle) {
+        // The first handle is kept in place: removing one feature allocates nothing here.
+        if (!hasFirst_) {
+            first_ = std::move(handle);
+            hasFirst_ = true;
+        } else {
+            more_.push_back(std::move(handle));
+        }
+    }
 
 private:
-    std::vector<std::weak_ptr<FunctionWrapper>> handles_;
+    std::weak_ptr<FunctionWrapper> first_;
+    bool hasFirst_ = false;
+    std::vector<std::weak_ptr<FunctionWrapper>> more_;
 };
 
 // Sets a flag for the length of a scope and clears it on every exit (a listener may throw).
