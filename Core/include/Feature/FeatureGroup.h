@@ -107,7 +107,12 @@ public:
     /** @brief Sets the layer of the tree (only the root group's layer counts). */
     void _setLayer(std::weak_ptr<Layer> layer) noexcept { layer_ = std::move(layer); }
     /** @brief This group's own layer, or null when none or gone. */
-    std::shared_ptr<Layer> _getSelfLayer() const noexcept { return layer_.lock(); }
+    std::shared_ptr<Layer> _getSelfLayer() noexcept { return layer_.lock(); }
+    /**
+     * @brief This group's own layer, or null when none or gone (non-owning: valid while the
+     * layer's owners keep it).
+     */
+    const Layer* _getSelfLayer() const noexcept { return layer_.lock().get(); }
 
     /** @brief Adds a listener to the added-or-removed event; returns its handle. */
     std::weak_ptr<FunctionWrapper>
@@ -119,15 +124,23 @@ public:
 private:
     using ChildList = std::list<std::shared_ptr<FeatureBase>>;
 
+    // What the group keeps on each child: where it stands in children_ (so that hard removal
+    // finds it without a search) and, for a child group, the subscription that relays its
+    // added-or-removed event. Keyed by the node itself: ids need not be unique in a tree, and a
+    // subscription filed under a shared id could outlive its removal and call a group that is
+    // gone.
+    struct ChildEntry {
+        ChildList::iterator position;
+        std::weak_ptr<FunctionWrapper> subscription;
+    };
+
     bool place(std::optional<std::uint64_t> position, std::shared_ptr<FeatureBase> node);
-    void disconnectChild(std::uint64_t id) noexcept;
+    void disconnectChildren() noexcept;
 
     ChildList children_;
     std::unique_ptr<Publisher<AddedOrRemovedCallback>> featureAddedOrRemoved_;
     std::weak_ptr<Layer> layer_;
-    std::unordered_map<std::uint64_t, std::weak_ptr<FunctionWrapper>> childHandles_;
-    // Where each child stands in children_, so that hard removal finds it without a search.
-    std::unordered_map<const FeatureBase*, ChildList::iterator> positions_;
+    std::unordered_map<const FeatureBase*, ChildEntry> childEntries_;
 };
 
 } // namespace keo::Feature

@@ -9,6 +9,16 @@
 namespace keo::Feature::detail {
 
 /**
+ * @brief Removes the listener behind @p handle from its event, if both still exist (a handle
+ * whose event is gone has simply expired).
+ */
+inline void disconnectListener(const std::weak_ptr<FunctionWrapper>& handle) noexcept {
+    if (const auto wrapper = handle.lock()) {
+        wrapper->remove();
+    }
+}
+
+/**
  * @brief An owner's two subscriptions to one object it holds: to the object's definition-changed
  * and changed-lock events. Disconnects on destruction; a copy starts empty (an owner's copy
  * subscribes to its own objects).
@@ -51,9 +61,7 @@ public:
 
 private:
     static void disconnectOne(std::weak_ptr<FunctionWrapper>& handle) noexcept {
-        if (const auto wrapper = handle.lock()) {
-            wrapper->remove();
-        }
+        disconnectListener(handle);
         handle.reset();
     }
 

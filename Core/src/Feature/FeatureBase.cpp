@@ -1,25 +1,15 @@
 #include "Feature/FeatureBase.h"
 
-#include "Common/Uuid.h"
 #include "Feature/FeatureGroup.h"
+#include "FreshId.h"
 
 namespace keo::Feature {
 
-namespace {
-
-// A fresh id: the two halves of a random UUID folded into 64 bits.
-std::uint64_t freshId() {
-    const Uuid uuid = uuid4();
-    return uuid.high ^ uuid.low;
-}
-
-} // namespace
-
 FeatureBase::FeatureBase(std::optional<std::uint64_t> id)
-    : id_(id ? *id : freshId()) {}
+    : id_(id ? *id : detail::freshId()) {}
 
 FeatureBase::FeatureBase(const FeatureBase& other)
-    : id_(freshId())
+    : id_(detail::freshId())
     , name_(other.name_)
     , description_(other.description_)
     , show_(other.show_) {}

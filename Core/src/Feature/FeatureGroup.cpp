@@ -1,6 +1,7 @@
 #include "Feature/FeatureGroup.h"
 
 #include "Feature/Feature.h"
+#include "Feature/SubscriptionPair.h"
 
 #include <iterator>
 
@@ -64,13 +65,6 @@ void raiseShowingChanged(const FeatureGroup& group) {
     }
 }
 
-// Removes the listener behind @p handle from its event, if both still exist.
-void disconnectHandle(const std::weak_ptr<FunctionWrapper>& handle) noexcept {
-    if (const auto wrapper = handle.lock()) {
-        wrapper->remove();
-    }
-}
-
 } // namespace
 
 FeatureGroup::FeatureGroup(std::optional<std::uint64_t> id)
@@ -87,9 +81,7 @@ FeatureGroup::FeatureGroup(const FeatureGroup& other)
 }
 
 FeatureGroup::~FeatureGroup() {
-    for (const auto& entry : childHandles_) {
-        disconnectHandle(entry.second);
-    }
+    disconnectChildren();
     // Children that others still hold must not point at a group that is gone.
     for (const auto& child : children_) {
         if (child->getParent() == this) {
@@ -148,8 +140,8 @@ bool FeatureGroup::place(std::optional<std::uint64_t> position, std::shared_ptr<
     if (position && *position < children_.size()) {
         before = std::next(children_.begin(), static_cast<std::ptrdiff_t>(*position));
     }
-    const auto placed = children_.insert(before, node);
-    positions_[node.get()] = placed;
+    ChildEntry& entry = childEntries_[node.get()];
+    entry.position = children_.insert(before, node);
     node->_setParent(this);
 
     const FeatureList arrived = leafFeatures(node);
@@ -160,7 +152,7 @@ bool FeatureGroup::place(std::optional<std::uint64_t> position, std::shared_ptr<
                 n->setFeatureStatus(FeatureStatus::Added);
             });
         }
-        childHandles_[node->getId()] = group._addFeatureAddedOrRemovedEventListener(
+        entry.subscription = group._addFeatureAddedOrRemovedEventListener(
             [this](const FeatureList& added, const FeatureList& removed) {
                 _raiseFeatureAddedOrRemovedEvent(added, removed);
             });
@@ -194,14 +186,14 @@ bool FeatureGroup::removeFromMemory(const std::shared_ptr<FeatureBase>& node) {
         // A node of another group is only removed softly there.
         return node->getParent()->remove(node);
     }
-    const auto found = positions_.find(node.get());
-    if (found == positions_.end()) {
+    const auto found = childEntries_.find(node.get());
+    if (found == childEntries_.end()) {
         return false;
     }
-    children_.erase(found->second);
-    positions_.erase(found);
+    children_.erase(found->second.position);
+    detail::disconnectListener(found->second.subscription);
+    childEntries_.erase(found);
     node->_setParent(nullptr);
-    disconnectChild(node->getId());
     _raiseFeatureAddedOrRemovedEvent({}, leafFeatures(node));
     return true;
 }
@@ -212,10 +204,8 @@ void FeatureGroup::removeAllFromMemory() {
         const FeatureList features = leafFeatures(child);
         leaving.insert(leaving.end(), features.begin(), features.end());
     }
-    for (const auto& entry : childHandles_) {
-        disconnectHandle(entry.second);
-    }
-    childHandles_.clear();
+    disconnectChildren();
+    childEntries_.clear();
     _raiseFeatureAddedOrRemovedEvent({}, leaving);
     for (const auto& child : children_) {
         if (child->getParent() == this) {
@@ -223,16 +213,12 @@ void FeatureGroup::removeAllFromMemory() {
         }
     }
     children_.clear();
-    positions_.clear();
 }
 
-void FeatureGroup::disconnectChild(std::uint64_t id) noexcept {
-    const auto handle = childHandles_.find(id);
-    if (handle == childHandles_.end()) {
-        return;
+void FeatureGroup::disconnectChildren() noexcept {
+    for (const auto& entry : childEntries_) {
+        detail::disconnectListener(entry.second.subscription);
     }
-    disconnectHandle(handle->second);
-    childHandles_.erase(handle);
 }
 
 std::shared_ptr<FeatureBase> FeatureGroup::getById(std::uint64_t id) const {

@@ -24,24 +24,13 @@ using keo::Feature::Geometry;
 using keo::Feature::LabelSymbol;
 using keo::Feature::Style;
 using keo::Feature::test::CapturedLog;
+using keo::Feature::test::ChangeCounter;
 using keo::Feature::test::TestGeometry;
 using keo::Feature::test::TestStyle;
 
 constexpr int SHOW_CHANGED = keo::Feature::ShowChanged;
 constexpr int ATTRIBUTE_CHANGED = keo::Feature::AttributeChanged;
 constexpr int CONTENT_CHANGED = keo::Feature::ContentChanged;
-
-// Counts the definition-changed events of a feature.
-struct ChangeCounter {
-    explicit ChangeCounter(Feature& feature) {
-        feature._addDefinitionChangedEventListener([this](Feature* f) {
-            ++count;
-            last = f;
-        });
-    }
-    int count = 0;
-    Feature* last = nullptr;
-};
 
 std::vector<std::string> names(const std::vector<std::shared_ptr<Entity>>& entities) {
     std::vector<std::string> out;

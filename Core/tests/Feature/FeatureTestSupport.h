@@ -2,7 +2,9 @@
 
 #include "Common/Log.h"
 #include "Common/MemoryLogSink.h"
+#include "Feature/Feature.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -22,6 +24,38 @@ struct EventRecorder {
     EventRecorder(const EventRecorder&) = delete;
     EventRecorder& operator=(const EventRecorder&) = delete;
     std::string events;
+};
+
+/** Ids of nodes, in order. */
+using Ids = std::vector<std::uint64_t>;
+
+/** The ids of @p nodes (features or groups, owned or not), in order. */
+template <typename List>
+Ids idsOf(const List& nodes) {
+    Ids ids;
+    for (const auto& node : nodes) {
+        ids.push_back(node->getId());
+    }
+    return ids;
+}
+
+/** A feature with the id @p id, held as the collections and groups hold it. */
+inline std::shared_ptr<Feature> makeFeature(std::uint64_t id) {
+    return std::make_shared<Feature>(id);
+}
+
+/** Counts the definition-changed events of a feature and keeps the feature last reported. */
+struct ChangeCounter {
+    explicit ChangeCounter(Feature& feature) {
+        feature._addDefinitionChangedEventListener([this](Feature* f) {
+            ++count;
+            last = f;
+        });
+    }
+    ChangeCounter(const ChangeCounter&) = delete;
+    ChangeCounter& operator=(const ChangeCounter&) = delete;
+    int count = 0;
+    Feature* last = nullptr;
 };
 
 /** Routes the process log into memory for the lifetime of the object, then restores the sinks. */

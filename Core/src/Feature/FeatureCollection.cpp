@@ -1,0 +1,304 @@
+#include "Feature/FeatureCollection.h"
+
+#include "Common/InvalidParametersException.h"
+#include "Feature/Feature.h"
+#include "Feature/SubscriptionPair.h"
+#include "FreshId.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace keo::Feature {
+
+namespace {
+
+constexpr int INVALID_PARAMETERS = 2;
+constexpr const char* SOURCE_PATH = "Core/src/Feature/FeatureCollection";
+
+// The lines each misuse reports as its origin.
+constexpr int RESUME_WITHOUT_SUSPEND_LINE = 42;
+constexpr int ADD_NULL_LINE = 53;
+constexpr int ADD_DUPLICATE_LINE = 63;
+constexpr int CONTAINS_NULL_LINE = 174;
+
+[[noreturn]] void throwInvalid(const std::string& message, const char* function, int line) {
+    throw InvalidParametersException(INVALID_PARAMETERS, message, function, SOURCE_PATH, line);
+}
+
+/**
+ * Listeners to disconnect once the collection's lock is released. Declared before the lock
+ * guard, it is destroyed after it (on every path, exceptions included): removing a listener takes
+ * the lock of the feature's event, which a feature raising that event holds before it takes the
+ * collection's lock, so taking it under the collection's lock could deadlock.
+ */
+class DeferredDisconnects final {
+public:
+    DeferredDisconnects() = default;
+    DeferredDisconnects(const DeferredDisconnects&) = delete;
+    DeferredDisconnects& operator=(const DeferredDisconnects&) = delete;
+    ~DeferredDisconnects() {
+        detail::disconnectListener(first_);
+        for (const auto& handle : more_) {
+            detail::disconnectListener(handle);
+        }
+    }
+    void add(std::weak_ptr<FunctionWrapper> handle) {
+        // The first handle is kept in place: removing one feature allocates nothing here.
+        if (!hasFirst_) {
+            first_ = std::move(handle);
+            hasFirst_ = true;
+        } else {
+            more_.push_back(std::move(handle));
+        }
+    }
+
+private:
+    std::weak_ptr<FunctionWrapper> first_;
+    bool hasFirst_ = false;
+    std::vector<std::weak_ptr<FunctionWrapper>> more_;
+};
+
+// Sets a flag for the length of a scope and clears it on every exit (a listener may throw).
+class FlagScope final {
+public:
+    explicit FlagScope(bool& flag) noexcept
+        : flag_(flag) {
+        flag_ = true;
+    }
+    ~FlagScope() { flag_ = false; }
+    FlagScope(const FlagScope&) = delete;
+    FlagScope& operator=(const FlagScope&) = delete;
+
+private:
+    bool& flag_;
+};
+
+} // namespace
+
+FeatureCollection::FeatureCollection()
+    : id_(detail::freshId())
+    , collectionChanged_(std::make_unique<Publisher<CollectionChangedCallback>>()) {}
+
+FeatureCollection::~FeatureCollection() {
+    DeferredDisconnects disconnects;
+    const Lock lock(mutex_);
+    for (auto& entry : listenerHandles_) {
+        disconnects.add(std::move(entry.second.handle));
+    }
+    listenerHandles_.clear();
+}
+
+FeatureCollection::MemberSubscription FeatureCollection::subscribe(Feature& feature) {
+    MemberSubscription subscription;
+    subscription.serial = nextSerial_.fetch_add(1, std::memory_order_relaxed);
+    const std::uint64_t serial = subscription.serial;
+    subscription.handle = feature._addDefinitionChangedEventListener(
+        [this, serial](Feature* changed) { onMemberDefinitionChanged(changed, serial); });
+    return subscription;
+}
+
+void FeatureCollection::onMemberDefinitionChanged(Feature* feature, std::uint64_t serial) {
+    const Lock lock(mutex_);
+    // A listener whose membership ended (or was replaced by a later one) may still be called
+    // until its deferred disconnection: it records nothing.
+    const auto entry = listenerHandles_.find(feature->getId());
+    if (entry != listenerHandles_.end() && entry->second.serial == serial) {
+        _onFeatureDefinitionChanged(feature);
+    }
+}
+
+std::weak_ptr<FunctionWrapper> FeatureCollection::takeSubscription(std::uint64_t id) {
+    const auto entry = listenerHandles_.find(id);
+    if (entry == listenerHandles_.end()) {
+        return {};
+    }
+    std::weak_ptr<FunctionWrapper> handle = std::move(entry->second.handle);
+    listenerHandles_.erase(entry);
+    return handle;
+}
+
+std::shared_ptr<Feature> FeatureCollection::add(std::shared_ptr<Feature> feature) {
+    if (!feature) {
+        throwInvalid("feature is required.", "FeatureCollection::add()", ADD_NULL_LINE);
+    }
+    const std::uint64_t id = feature->getId();
+    // Subscribed before the collection's lock is taken (see DeferredDisconnects); until the
+    // membership is stored below, the new listener records nothing.
+    MemberSubscription subscription = subscribe(*feature);
+    DeferredDisconnects disconnects;
+    {
+        const Lock lock(mutex_);
+        if (!features_.contains(id)) {
+            features_.insert(feature);
+            if (!removed_.erase(id)) {
+                added_.insert(feature);
+            }
+            listenerHandles_[id] = std::move(subscription);
+            fireChangedEvent();
+            return feature;
+        }
+    }
+    disconnects.add(std::move(subscription.handle));
+    throwInvalid("An feature with id " + std::to_string(id) + " already exists in this collection.",
+                 "FeatureCollection::add()", ADD_DUPLICATE_LINE);
+}
+
+bool FeatureCollection::remove(Feature& feature) {
+    return removeById(feature.getId());
+}
+
+bool FeatureCollection::removeById(std::uint64_t id) {
+    if (id == 0) {
+        return false;
+    }
+    DeferredDisconnects disconnects;
+    const Lock lock(mutex_);
+    std::shared_ptr<Feature> feature = features_.extract(id);
+    if (!feature) {
+        return false;
+    }
+    if (!added_.erase(id)) {
+        removed_.insert(std::move(feature));
+        changed_.erase(id);
+    }
+    disconnects.add(takeSubscription(id));
+    fireChangedEvent();
+    return true;
+}
+
+void FeatureCollection::removeAll() {
+    DeferredDisconnects disconnects;
+    const Lock lock(mutex_);
+    for (const auto& feature : features_.values()) {
+        const std::uint64_t id = feature->getId();
+        disconnects.add(takeSubscription(id));
+        if (!added_.contains(id)) {
+            removed_.insert(feature);
+        }
+    }
+    features_.clear();
+    added_.clear();
+    changed_.clear();
+    fireChangedEvent();
+}
+
+bool FeatureCollection::contains(const std::shared_ptr<Feature>& feature) const {
+    if (!feature) {
+        throwInvalid("feature is required", "FeatureCollection::contains()", CONTAINS_NULL_LINE);
+    }
+    const Lock lock(mutex_);
+    return features_.contains(feature->getId());
+}
+
+std::shared_ptr<Feature> FeatureCollection::getById(std::uint64_t id) const {
+    const Lock lock(mutex_);
+    return features_.find(id);
+}
+
+void FeatureCollection::suspendEvents() {
+    const Lock lock(mutex_);
+    ++suspendCount_;
+}
+
+void FeatureCollection::resumeEvents() {
+    const Lock lock(mutex_);
+    if (suspendCount_ == 0) {
+        throwInvalid("resumeEvents can not be called before suspendEvents.",
+                     "FeatureCollection::resumeEvents()", RESUME_WITHOUT_SUSPEND_LINE);
+    }
+    --suspendCount_;
+    fireChangedEvent();
+}
+
+std::uint32_t FeatureCollection::getSuspendCount() const {
+    return readLocked(suspendCount_);
+}
+
+void FeatureCollection::fireChangedEvent() {
+    const Lock lock(mutex_);
+    if (firing_) {
+        refire_ = true;
+        return;
+    }
+    if (suspendCount_ != 0) {
+        return;
+    }
+    if (added_.empty() && removed_.empty() && changed_.empty()) {
+        return;
+    }
+    const FlagScope firing(firing_);
+    do {
+        refire_ = false;
+        // The batches are moved out first, so what the listeners record goes into new batches,
+        // which the next round delivers.
+        const FeatureList added = added_.takeValues();
+        const FeatureList removed = removed_.takeValues();
+        const ChangedList changed = changed_.takeValues();
+        collectionChanged_->raiseEvent(this, added, removed, changed);
+    } while (refire_);
+}
+
+bool FeatureCollection::isFiring() const {
+    return readLocked(firing_);
+}
+
+void FeatureCollection::setFiring(bool firing) {
+    writeLocked(firing_, firing);
+}
+
+bool FeatureCollection::isRefire() const {
+    return readLocked(refire_);
+}
+
+void FeatureCollection::setRefire(bool refire) {
+    writeLocked(refire_, refire);
+}
+
+bool FeatureCollection::isShow() const {
+    return readLocked(show_);
+}
+
+void FeatureCollection::setShow(bool show) {
+    std::vector<std::pair<std::shared_ptr<Feature>, bool>> members;
+    {
+        const Lock lock(mutex_);
+        if (show_ == show) {
+            return;
+        }
+        ++suspendCount_;
+        members.reserve(features_.size());
+        for (const auto& feature : features_.values()) {
+            members.emplace_back(feature, feature->isShowing());
+        }
+        show_ = show;
+    }
+    // Raising a feature's event takes the feature's lock, which comes before the collection's:
+    // the members are re-raised with the collection's lock released. Notifications stay
+    // suspended meanwhile, so what they record is delivered by the resume below.
+    try {
+        for (const auto& member : members) {
+            if (member.first->isShowing() != member.second) {
+                member.first->_raiseDefinitionChangedEvent();
+            }
+        }
+    } catch (...) {
+        resumeEvents();
+        throw;
+    }
+    resumeEvents();
+}
+
+void FeatureCollection::_onFeatureDefinitionChanged(Feature* feature) {
+    if (feature == nullptr) {
+        return;
+    }
+    const Lock lock(mutex_);
+    if (added_.contains(feature->getId())) {
+        return;
+    }
+    changed_.insert(feature);
+    fireChangedEvent();
+}
+
+} // namespace keo::Feature
