@@ -65,12 +65,13 @@ public:
      * @brief Appends @p node (a node of another group is moved: that group removes it from
      * memory first, with its event). A node from a tree of another layer gets the status Added
      * (its whole subtree for a group) and this group records ContentChanged. Raises the
-     * added-or-removed event with the leaf features that arrive. False for null.
+     * added-or-removed event with the leaf features that arrive. False (and nothing changes) for
+     * null, for this group itself and for one of its ancestors, which would make a cycle.
      */
     bool add(std::shared_ptr<FeatureBase> node);
     /**
      * @brief As add, but places @p node before the child at @p position (the number of children
-     * appends). False for null or a position past the end.
+     * appends). False for null, a position past the end, this group or one of its ancestors.
      */
     bool insert(std::uint64_t position, std::shared_ptr<FeatureBase> node);
     /**

@@ -125,6 +125,13 @@ bool FeatureGroup::insert(std::uint64_t position, std::shared_ptr<FeatureBase> n
 }
 
 bool FeatureGroup::place(std::optional<std::uint64_t> position, std::shared_ptr<FeatureBase> node) {
+    // A group cannot hold itself or one of its ancestors: the tree would become a cycle.
+    for (const FeatureBase* ancestor = this; ancestor != nullptr;
+         ancestor = ancestor->getParent()) {
+        if (ancestor == node.get()) {
+            return false;
+        }
+    }
     const std::shared_ptr<Layer> nodeLayer = node->getLayer();
     const bool sameLayer = nodeLayer && nodeLayer == getLayer();
     if (FeatureGroup* oldParent = node->getParent()) {

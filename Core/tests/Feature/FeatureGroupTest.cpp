@@ -622,4 +622,21 @@ TEST(FeatureGroupTest, TwoChildGroupsWithOneIdAreHeardAndDisconnectedEachOnItsOw
     EXPECT_EQ(events.events, (Events{{{}, {}}, {{2}, {}}}));
 }
 
+TEST(FeatureGroupTest, AGroupRefusesItselfAndItsAncestors) {
+    const auto root = std::make_shared<FeatureGroup>();
+    const auto middle = std::make_shared<FeatureGroup>();
+    const auto leaf = std::make_shared<FeatureGroup>();
+    ASSERT_TRUE(root->add(middle));
+    ASSERT_TRUE(middle->add(leaf));
+    EXPECT_FALSE(leaf->add(leaf));
+    EXPECT_FALSE(leaf->add(root));
+    EXPECT_FALSE(leaf->insert(0, middle));
+    // Nothing moved.
+    EXPECT_EQ(root->getParent(), nullptr);
+    EXPECT_EQ(middle->getParent(), root.get());
+    EXPECT_EQ(leaf->getParent(), middle.get());
+    EXPECT_TRUE(leaf->getFeatures().empty());
+    EXPECT_EQ(root->getFeatures().size(), 1u);
+}
+
 } // namespace
