@@ -786,7 +786,11 @@ TEST(PointGeometryTest, TheLabelOfAPointTakesItsOverlayFlag) {
         point.setPosition(kPlace);
         scene.style.setLabelSymbol(std::make_shared<LabelSymbol>());
         point._updateStyle(*scene.root, scene.feature, &scene.style);
-        EXPECT_EQ(graphicsOf<LabelGraphics>(*scene.child(LABEL))->isOverlay(), overlay);
+        const auto label = scene.child(LABEL);
+        ASSERT_NE(label, nullptr);
+        const LabelGraphics* graphics = graphicsOf<LabelGraphics>(*label);
+        ASSERT_NE(graphics, nullptr);
+        EXPECT_EQ(graphics->isOverlay(), overlay);
     }
 }
 
