@@ -1,5 +1,6 @@
 #include "Feature/Feature.h"
 
+#include "Common/Math.h"
 #include "Data/Entity.h"
 #include "Data/LabelGraphics.h"
 #include "Feature/FeatureGroup.h"
@@ -769,6 +770,25 @@ TEST(FeatureTest, TheGlobeRectangleIsEmptyWithoutAGeometryOrForKindsWithoutVerti
     EXPECT_FALSE(feature._getGlobeRectangle().has_value());
     feature.setGeometry(std::make_shared<TestGeometry>());
     EXPECT_FALSE(feature._getGlobeRectangle().has_value());
+}
+
+TEST(FeatureTest, TheGlobeRectangleOfALineKindIsComputedOnceAndAgainAfterAGeometryChange) {
+    Feature feature;
+    const auto geometry = std::make_shared<TestGeometry>(Geometry::Type::Polyline);
+    geometry->positions = {keo::Cartographic::fromDegrees(10.0, 20.0),
+                           keo::Cartographic::fromDegrees(12.0, 25.0)};
+    feature.setGeometry(geometry);
+    const auto& first = feature._getGlobeRectangle();
+    ASSERT_TRUE(first.has_value());
+    EXPECT_DOUBLE_EQ(first->getWest(), keo::Math::toRadians(10.0));
+    EXPECT_DOUBLE_EQ(first->getNorth(), keo::Math::toRadians(25.0));
+
+    // Cached: a change of the vertices alone is not seen until the geometry reports an edit.
+    geometry->positions.push_back(keo::Cartographic::fromDegrees(15.0, 30.0));
+    EXPECT_DOUBLE_EQ(feature._getGlobeRectangle()->getNorth(), keo::Math::toRadians(25.0));
+    geometry->edit();
+    EXPECT_DOUBLE_EQ(feature._getGlobeRectangle()->getNorth(), keo::Math::toRadians(30.0));
+    EXPECT_DOUBLE_EQ(feature._getGlobeRectangle()->getEast(), keo::Math::toRadians(15.0));
 }
 
 } // namespace

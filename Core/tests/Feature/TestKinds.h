@@ -11,6 +11,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace keo::Feature::test {
 
@@ -49,6 +50,10 @@ public:
         return styleResult;
     }
 
+    const std::vector<Cartographic>* _getCartographicPositions() const override {
+        return positions.empty() ? nullptr : &positions;
+    }
+
     /** Stores an anchor as a kind does during its update. */
     void storeAnchor(const Vector3<double>& anchor) { setDistanceDisplayConditionAnchor(anchor); }
 
@@ -65,6 +70,8 @@ public:
     int geometryUpdates = 0;
     int styleUpdates = 0;
     int revision = 0;
+    /** Vertices handed to the feature for its extent, as line and area kinds do; none if empty. */
+    std::vector<Cartographic> positions;
 
 private:
     Type type_;
