@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <type_traits>
 #include <utility>
 
 namespace keo::Feature {
@@ -18,8 +19,8 @@ class ChangeEvents;
  * arguments @p Args, and changed-lock, raised with true before and false after the value is
  * stored, so that the feature owning the object holds its lock for the length of the edit.
  *
- * The events are held through std::unique_ptr: a copy of the owner gets fresh, empty events and
- * never copies listeners.
+ * A copy of the owner gets fresh, empty events and never copies listeners. The events allocate
+ * nothing until their first listener: most objects are only ever heard by the one that holds them.
  */
 template <typename... Args>
 class ChangeEvents<std::function<void(Args...)>> {
@@ -29,32 +30,42 @@ public:
     /** @brief Adds a listener to the definition-changed event; returns its handle. */
     std::weak_ptr<FunctionWrapper>
     _addDefinitionChangedEventListener(std::function<void(Args...)>&& callback) {
-        return definitionChanged_->addEventListener(std::move(callback));
+        return definitionChanged_.addEventListener(std::move(callback));
+    }
+    /** @brief Adds the callable @p callback, stored as it is, to the definition-changed event. */
+    template <typename Function,
+              typename = std::enable_if_t<std::is_invocable_v<std::decay_t<Function>&, Args...>>>
+    std::weak_ptr<FunctionWrapper> _addDefinitionChangedEventListener(Function&& callback) {
+        return definitionChanged_.addEventListener(std::forward<Function>(callback));
     }
     /** @brief Adds a listener to the changed-lock event (true before an edit, false after). */
     std::weak_ptr<FunctionWrapper>
     _addChangedLockEventListener(std::function<void(bool)>&& callback) {
-        return changedLock_->addEventListener(std::move(callback));
+        return changedLock_.addEventListener(std::move(callback));
+    }
+    /** @brief Adds the callable @p callback, stored as it is, to the changed-lock event. */
+    template <typename Function,
+              typename = std::enable_if_t<std::is_invocable_v<std::decay_t<Function>&, bool>>>
+    std::weak_ptr<FunctionWrapper> _addChangedLockEventListener(Function&& callback) {
+        return changedLock_.addEventListener(std::forward<Function>(callback));
     }
     /** @brief Raises the changed-lock event with @p locked. */
-    void _raiseChangedLockEvent(bool locked) { changedLock_->raiseEvent(locked); }
+    void _raiseChangedLockEvent(bool locked) { changedLock_.raiseEvent(locked); }
 
 protected:
     /** @brief Two events without listeners. */
-    ChangeEvents()
-        : definitionChanged_(std::make_unique<Publisher<std::function<void(Args...)>>>())
-        , changedLock_(std::make_unique<Publisher<std::function<void(bool)>>>()) {}
+    ChangeEvents() noexcept = default;
     /** @brief Fresh, empty events: listeners are never copied. */
     ChangeEvents(const ChangeEvents& /*other*/)
         : ChangeEvents() {}
     ~ChangeEvents() = default;
 
     /** @brief Raises the definition-changed event with @p args. */
-    void raiseDefinitionChanged(Args... args) { definitionChanged_->raiseEvent(args...); }
+    void raiseDefinitionChanged(Args... args) { definitionChanged_.raiseEvent(args...); }
 
 private:
-    std::unique_ptr<Publisher<std::function<void(Args...)>>> definitionChanged_;
-    std::unique_ptr<Publisher<std::function<void(bool)>>> changedLock_;
+    Publisher<std::function<void(Args...)>> definitionChanged_;
+    Publisher<std::function<void(bool)>> changedLock_;
 };
 
 } // namespace keo::Feature

@@ -250,7 +250,7 @@ private:
     bool asynchronous_ = true;
     bool changeRaised_ = false;
     std::optional<DistanceDisplayCondition> distanceDisplayCondition_;
-    std::unique_ptr<Publisher<std::function<void(Feature*)>>> definitionChanged_;
+    Publisher<std::function<void(Feature*)>> definitionChanged_;
     detail::SubscriptionPair geometrySubscription_;
     detail::SubscriptionPair styleSubscription_;
 };

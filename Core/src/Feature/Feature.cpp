@@ -66,16 +66,14 @@ void forEachEntity(const std::shared_ptr<Entity>& root, Visit&& visit) {
 Feature::Feature(std::optional<std::uint64_t> id)
     : FeatureBase(id)
     , attributes_(INITIAL_ATTRIBUTE_BUCKETS)
-    , mutex_(std::make_unique<std::recursive_mutex>())
-    , definitionChanged_(std::make_unique<Publisher<std::function<void(Feature*)>>>()) {
+    , mutex_(std::make_unique<std::recursive_mutex>()) {
     attributes_.max_load_factor(1.0f);
 }
 
 Feature::Feature(const Feature& other)
     : FeatureBase(other)
     , attributes_(INITIAL_ATTRIBUTE_BUCKETS)
-    , mutex_(std::make_unique<std::recursive_mutex>())
-    , definitionChanged_(std::make_unique<Publisher<std::function<void(Feature*)>>>()) {
+    , mutex_(std::make_unique<std::recursive_mutex>()) {
     attributes_.max_load_factor(1.0f);
     copyContentFrom(other);
 }
@@ -406,7 +404,7 @@ void Feature::_updateEntityInCull(bool addAgain) {
 
 std::weak_ptr<FunctionWrapper>
 Feature::_addDefinitionChangedEventListener(std::function<void(Feature*)>&& callback) {
-    return definitionChanged_->addEventListener(std::move(callback));
+    return definitionChanged_.addEventListener(std::move(callback));
 }
 
 void Feature::_raiseDefinitionChangedEvent() {
@@ -414,7 +412,7 @@ void Feature::_raiseDefinitionChangedEvent() {
     if (changeRaised_) {
         return;
     }
-    definitionChanged_->raiseEvent(this);
+    definitionChanged_.raiseEvent(this);
     changeRaised_ = true;
 }
 

@@ -168,6 +168,7 @@ TEST(PublisherTest, LockedHandleOutlivingItsEventDisconnectsSafely) {
     {
         VoidEvent event;
         held = event.addEventListener([] {}).lock();
+        ASSERT_NE(held, nullptr);
         EXPECT_TRUE(held->isConnected());
     }
     EXPECT_FALSE(held->isConnected());
@@ -212,6 +213,93 @@ TEST(PublisherTest, ConcurrentRaisingAndSubscribingIsSafe) {
     subscriber.join();
     EXPECT_EQ(calls.load(), 2000);
     EXPECT_EQ(event.getListenerCount(), 1u);
+}
+
+TEST(PublisherTest, AcceptsAPlainCallableAsWellAsAStdFunction) {
+    BoolEvent event;
+    std::string calls;
+    std::function<void(bool)> wrapped = [&](bool v) { calls += v ? "f1" : "f0"; };
+    event.addEventListener(std::move(wrapped));
+    const auto lambda = [&](bool v) { calls += v ? "l1" : "l0"; };
+    event.addEventListener(lambda); // copied in, stored as it is
+    event.raiseEvent(true);
+    EXPECT_EQ(calls, "f1l1");
+    EXPECT_EQ(event.getListenerCount(), 2u);
+}
+
+TEST(PublisherTest, ListenerCountLeavesOutListenersRemovedWhileFiring) {
+    VoidEvent event;
+    std::size_t countSeenInside = 0;
+    std::weak_ptr<FunctionWrapper> second;
+    event.addEventListener([&] {
+        removeThrough(second);
+        countSeenInside = event.getListenerCount();
+    });
+    second = event.addEventListener([] {});
+    event.raiseEvent();
+    EXPECT_EQ(countSeenInside, 1u);
+    EXPECT_EQ(event.getListenerCount(), 1u);
+}
+
+TEST(PublisherTest, RemovingTheFirstMiddleAndLastListenersKeepsTheOthersInOrder) {
+    VoidEvent event;
+    std::string calls;
+    std::vector<std::weak_ptr<FunctionWrapper>> handles;
+    for (const char name : std::string("abcde")) {
+        handles.push_back(event.addEventListener([&calls, name] { calls += name; }));
+    }
+    removeThrough(handles[0]);
+    removeThrough(handles[2]);
+    removeThrough(handles[4]);
+    event.raiseEvent();
+    EXPECT_EQ(calls, "bd");
+    event.addEventListener([&] { calls += "f"; });
+    calls.clear();
+    event.raiseEvent();
+    EXPECT_EQ(calls, "bdf");
+}
+
+TEST(PublisherTest, AnEventWithManyListenersIsDestroyedWithoutDeepRecursion) {
+    std::vector<std::weak_ptr<FunctionWrapper>> handles;
+    {
+        VoidEvent event;
+        // Each entry owns the next one: a recursive release would take a stack frame per
+        // listener and overflow long before a million.
+        for (int i = 0; i < 1'000'000; ++i) {
+            auto handle = event.addEventListener([] {});
+            if (i % 100'000 == 0) {
+                handles.push_back(std::move(handle));
+            }
+        }
+        EXPECT_EQ(event.getListenerCount(), 1'000'000u);
+    }
+    for (const auto& handle : handles) {
+        EXPECT_TRUE(handle.expired());
+    }
+}
+
+TEST(PublisherTest, HandlesLockedOnAnotherThreadWhileTheEventGoesAwayDisconnectSafely) {
+    for (int round = 0; round < 200; ++round) {
+        auto event = std::make_unique<VoidEvent>();
+        std::vector<std::weak_ptr<FunctionWrapper>> handles;
+        for (int i = 0; i < 16; ++i) {
+            handles.push_back(event->addEventListener([] {}));
+        }
+        std::atomic<bool> go{false};
+        std::thread remover([&] {
+            while (!go.load()) {
+            }
+            for (const auto& handle : handles) {
+                removeThrough(handle);
+            }
+        });
+        go.store(true);
+        event.reset();
+        remover.join();
+        for (const auto& handle : handles) {
+            EXPECT_TRUE(handle.expired());
+        }
+    }
 }
 
 } // namespace

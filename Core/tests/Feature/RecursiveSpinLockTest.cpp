@@ -1,0 +1,91 @@
+#include "Feature/RecursiveSpinLock.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cstdint>
+#include <mutex>
+#include <set>
+#include <thread>
+#include <vector>
+
+namespace {
+
+using keo::Feature::detail::RecursiveSpinLock;
+
+TEST(RecursiveSpinLockTest, TheHolderMayTakeItAgain) {
+    RecursiveSpinLock lock;
+    lock.lock();
+    EXPECT_TRUE(lock.try_lock());
+    lock.lock();
+    lock.unlock();
+    lock.unlock();
+    lock.unlock();
+    // Free again: another thread gets it at once.
+    bool taken = false;
+    std::thread other([&] {
+        taken = lock.try_lock();
+        if (taken) {
+            lock.unlock();
+        }
+    });
+    other.join();
+    EXPECT_TRUE(taken);
+}
+
+TEST(RecursiveSpinLockTest, AnotherThreadCannotTakeItWhileItIsHeld) {
+    RecursiveSpinLock lock;
+    lock.lock();
+    lock.lock();
+    lock.unlock(); // still held once
+    bool taken = true;
+    std::thread other([&] { taken = lock.try_lock(); });
+    other.join();
+    EXPECT_FALSE(taken);
+    lock.unlock();
+}
+
+TEST(RecursiveSpinLockTest, GuardsACounterAcrossThreads) {
+    RecursiveSpinLock lock;
+    std::uint64_t counter = 0; // plain: the lock alone orders the increments
+    std::vector<std::thread> threads;
+    for (int t = 0; t < 4; ++t) {
+        threads.emplace_back([&] {
+            for (int i = 0; i < 20'000; ++i) {
+                const std::lock_guard<RecursiveSpinLock> outer(lock);
+                const std::lock_guard<RecursiveSpinLock> inner(lock);
+                ++counter;
+            }
+        });
+    }
+    for (auto& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(counter, 80'000u);
+}
+
+TEST(RecursiveSpinLockTest, ThreadTokensAreNonZeroAndDistinctAmongRunningThreads) {
+    constexpr int kThreads = 8;
+    std::vector<std::uint32_t> tokens(kThreads);
+    std::atomic<int> arrived{0};
+    std::vector<std::thread> threads;
+    for (int t = 0; t < kThreads; ++t) {
+        threads.emplace_back([&, t] {
+            tokens[static_cast<std::size_t>(t)] = RecursiveSpinLock::currentThreadToken();
+            EXPECT_EQ(RecursiveSpinLock::currentThreadToken(), tokens[static_cast<std::size_t>(t)]);
+            // All alive at once, so no token is reused.
+            arrived.fetch_add(1);
+            while (arrived.load() < kThreads) {
+                std::this_thread::yield();
+            }
+        });
+    }
+    for (auto& thread : threads) {
+        thread.join();
+    }
+    const std::set<std::uint32_t> distinct(tokens.begin(), tokens.end());
+    EXPECT_EQ(distinct.size(), static_cast<std::size_t>(kThreads));
+    EXPECT_EQ(distinct.count(0u), 0u);
+}
+
+} // namespace
