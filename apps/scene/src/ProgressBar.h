@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstddef>
+#include <iosfwd>
+#include <string>
+
+namespace keo::scene {
+
+/**
+ * @brief A one-line progress bar redrawn in place (carriage return) on a terminal stream, e.g.
+ * `[##########----------]  50% clean frames`. Disabled, it writes nothing. The line is erased
+ * when the bar is destroyed, so that output that follows starts on a clean line.
+ */
+class ProgressBar final {
+public:
+    /** @brief A bar of @p total steps on @p stream; writes nothing unless @p enabled. */
+    ProgressBar(std::ostream& stream, bool enabled, std::size_t total);
+    /** @brief Erases the bar's line. */
+    ~ProgressBar();
+    ProgressBar(const ProgressBar&) = delete;
+    ProgressBar& operator=(const ProgressBar&) = delete;
+
+    /** @brief Counts one step done, within the phase @p phase; redraws when the percent changes. */
+    void step(const std::string& phase);
+
+private:
+    std::ostream& stream_;
+    bool enabled_;
+    std::size_t total_;
+    std::size_t done_ = 0;
+    int shownPercent_ = -1;
+};
+
+} // namespace keo::scene
