@@ -116,16 +116,19 @@ std::string usageText() {
            " (default 12; one frame is 0.5 s of scene time)\n"
            "  --features N   scale mode: build N features (1 to " +
            std::to_string(kMaxFeatures) +
-           ") from the sample's kinds and print\n"
-           "                 features and entities per second for build, clean frames and edits\n"
+           ") from the sample's kinds in\n"
+           "                 turn, play as many clean frames and edit rounds as --frames says,\n"
+           "                 and print features and entities per second for build, clean\n"
+           "                 frames and edits (progress bar on a terminal's standard error)\n"
            "  --json FILE    also write the per-frame log and the final entity trees as JSON\n"
            "  --quiet        print only the closing summary\n"
            "  --verify       after every frame, check that the renderer-side set of live\n"
            "                 entities equals the entity trees of the features in the scene\n"
            "  -h, --help     print this text\n"
            "\n"
-           "Exit status: 0 on success, 1 when --verify finds a difference or a file cannot be\n"
-           "written, 2 for a wrong command line.\n";
+           "Exit status: 0 on success, 1 when --verify finds a difference or the JSON report\n"
+           "cannot be written, 2 for a wrong command line or a --json file that cannot be "
+           "opened.\n";
 }
 
 } // namespace keo::scene

@@ -13,6 +13,7 @@
 #include "Feature/Feature.h"
 #include "Feature/FeatureGroup.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
@@ -136,15 +137,23 @@ std::string formatPhase(const Phase& phase) {
     return line;
 }
 
+// The scale run in pieces of about one percent, so that the progress bar moves.
+std::size_t chunkOf(std::size_t count) {
+    return std::max<std::size_t>(count / 100, 1);
+}
+
 int runScale(const Options& options, std::uint32_t featureCount, Run& run, std::ostream& out,
              std::ostream& err, bool progress) {
     using Clock = std::chrono::steady_clock;
     if (!options.quiet) {
         out << "keo-scene: scale run of " << featureCount << " features (the sample's "
             << sampleEntries().size() << " kinds in turn), " << options.frames
-            << " clean frames and " << options.frames << " edit rounds\n";
+            << " clean frames and " << options.frames << " edit rounds\n"
+            << std::flush;
     }
-    ProgressBar bar(err, progress && !options.quiet, 1 + 2 * std::size_t{options.frames});
+    // Units of work: each feature built, updated in a frame, or edited.
+    const std::size_t frames = options.frames;
+    ProgressBar bar(err, progress && !options.quiet, featureCount * (1 + 3 * frames));
     Phase build{"build"};
     Phase clean{"clean frames"};
     Phase edits{"edits"};
@@ -160,12 +169,19 @@ int runScale(const Options& options, std::uint32_t featureCount, Run& run, std::
         phase.seconds += std::chrono::duration<double>(Clock::now() - start).count();
         phase.features += featureCount;
         phase.entities += run.renderer.liveCount();
-        bar.step(phase.name);
+        bar.advance(featureCount, phase.name);
         return options.verify ? run.check() : std::nullopt;
     };
 
-    std::optional<std::string> failure =
-        measure(build, [&] { populateSample(run.scene, featureCount); });
+    std::optional<std::string> failure = measure(build, [&] {
+        const std::size_t chunk = chunkOf(featureCount);
+        for (std::size_t first = 0; first < featureCount; first += chunk) {
+            const std::size_t count = std::min<std::size_t>(chunk, featureCount - first);
+            populateSample(run.scene, count, first);
+            bar.advance(count, build.name);
+        }
+    });
+    // The build's frame is counted with it; the bar's total has room for it in the frames.
     for (std::uint32_t i = 0; i < options.frames && !failure; ++i) {
         failure = measure(clean, [] {});
     }
@@ -173,11 +189,15 @@ int runScale(const Options& options, std::uint32_t featureCount, Run& run, std::
     for (std::uint32_t round = 1; round <= options.frames && !failure; ++round) {
         // Every feature changes: highlight on in odd rounds, off in even ones.
         failure = measure(edits, [&] {
-            for (const auto& feature : features) {
-                feature->setHighlight(round % 2 == 1);
+            for (std::size_t i = 0; i < features.size(); ++i) {
+                features[i]->setHighlight(round % 2 == 1);
+                if ((i + 1) % chunkOf(features.size()) == 0) {
+                    bar.advance(chunkOf(features.size()), edits.name);
+                }
             }
         });
     }
+    bar.finish();
     if (failure) {
         return verificationFailed(err, *failure);
     }

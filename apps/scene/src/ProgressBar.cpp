@@ -15,16 +15,22 @@ ProgressBar::ProgressBar(std::ostream& stream, bool enabled, std::size_t total)
     , total_(std::max<std::size_t>(total, 1)) {}
 
 ProgressBar::~ProgressBar() {
+    finish();
+}
+
+void ProgressBar::finish() {
     if (enabled_ && shownPercent_ >= 0) {
         stream_ << "\r" << std::string(kWidth + 40, ' ') << "\r" << std::flush;
     }
+    enabled_ = false;
 }
 
-void ProgressBar::step(const std::string& phase) {
-    done_ = std::min(done_ + 1, total_);
+void ProgressBar::advance(std::size_t units, const std::string& phase) {
+    done_ = std::min(done_ + units, total_);
     if (!enabled_) {
         return;
     }
+    // Whole percent; units are counted in std::size_t, far from overflow at 100 times the total.
     const int percent = static_cast<int>(done_ * 100 / total_);
     if (percent == shownPercent_) {
         return;

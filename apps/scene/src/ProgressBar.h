@@ -13,15 +13,20 @@ namespace keo::scene {
  */
 class ProgressBar final {
 public:
-    /** @brief A bar of @p total steps on @p stream; writes nothing unless @p enabled. */
+    /** @brief A bar of @p total units of work on @p stream; writes nothing unless @p enabled. */
     ProgressBar(std::ostream& stream, bool enabled, std::size_t total);
-    /** @brief Erases the bar's line. */
+    /** @brief Erases the bar's line (see finish). */
     ~ProgressBar();
     ProgressBar(const ProgressBar&) = delete;
     ProgressBar& operator=(const ProgressBar&) = delete;
 
-    /** @brief Counts one step done, within the phase @p phase; redraws when the percent changes. */
-    void step(const std::string& phase);
+    /**
+     * @brief Counts @p units more done, within the phase @p phase; redraws when the whole percent
+     * changes.
+     */
+    void advance(std::size_t units, const std::string& phase);
+    /** @brief Erases the bar's line, once; later calls and advances write nothing. */
+    void finish();
 
 private:
     std::ostream& stream_;

@@ -240,10 +240,10 @@ const std::vector<SampleEntry>& sampleEntries() {
     return entries;
 }
 
-void populateSample(Scene& scene, std::size_t count) {
+void populateSample(Scene& scene, std::size_t count, std::size_t first) {
     const auto& entries = sampleEntries();
     scene.collection().suspendEvents();
-    for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t i = first; i < first + count; ++i) {
         const SampleEntry& entry = entries[i % entries.size()];
         scene.add(entry.group, entry.make(kFirstFeatureId + i, entry.name));
     }

@@ -33,11 +33,11 @@ const std::vector<SampleEntry>& sampleEntries();
 inline constexpr std::uint64_t kFirstFeatureId = 1001;
 
 /**
- * @brief Fills @p scene with @p count features: feature i (from 0) is made by entry
- * i modulo the number of entries, with the id kFirstFeatureId + i. The collection's
- * notifications are suspended meanwhile, so the whole build is one notification.
+ * @brief Adds @p count features to @p scene: feature i (from @p first) is made by entry i modulo
+ * the number of entries, with the id kFirstFeatureId + i. The collection's notifications are
+ * suspended meanwhile, so the call gives one notification.
  */
-void populateSample(Scene& scene, std::size_t count);
+void populateSample(Scene& scene, std::size_t count, std::size_t first = 0);
 
 /**
  * @brief The bounding box of the sample's model file @p uri, as a model loader would read it from
