@@ -151,9 +151,10 @@ int runScale(const Options& options, std::uint32_t featureCount, Run& run, std::
             << " clean frames and " << options.frames << " edit rounds\n"
             << std::flush;
     }
-    // Units of work: each feature built, updated in a frame, or edited.
+    // Units of work: each feature built, visited by a frame, or edited. The build is followed by
+    // one frame, each clean frame is one visit, each edit round an edit and a visit.
     const std::size_t frames = options.frames;
-    ProgressBar bar(err, progress && !options.quiet, featureCount * (1 + 3 * frames));
+    ProgressBar bar(err, progress && !options.quiet, featureCount * (2 + 3 * frames));
     Phase build{"build"};
     Phase clean{"clean frames"};
     Phase edits{"edits"};
@@ -181,7 +182,6 @@ int runScale(const Options& options, std::uint32_t featureCount, Run& run, std::
             bar.advance(count, build.name);
         }
     });
-    // The build's frame is counted with it; the bar's total has room for it in the frames.
     for (std::uint32_t i = 0; i < options.frames && !failure; ++i) {
         failure = measure(clean, [] {});
     }
