@@ -1,10 +1,12 @@
 # Runs keo-scene once and checks what it did. Called by CTest as
 #   cmake -DPROGRAM=<keo-scene> -DARGS=<arguments joined by |> -DEXIT=<status>
-#         [-DEXPECTED_STDOUT=<file>] [-DSTDOUT_CONTAINS=<text>] [-DMESSAGE=<text>] -P CheckRun.cmake
+#         [-DEXPECTED_STDOUT=<file>] [-DSTDOUT_CONTAINS=<text>] [-DMESSAGE=<text>]
+#         [-DSTDERR=<text>] -P CheckRun.cmake
 # EXIT is the exit status the run must end with. EXPECTED_STDOUT: standard output must equal the
 # file byte for byte (a unified diff is printed otherwise). STDOUT_CONTAINS: standard output must
 # contain the text. MESSAGE: standard error must be exactly "keo-scene: MESSAGE" and the line
-# that points to --help, and standard output empty. Without MESSAGE, standard error must be empty.
+# that points to --help, and standard output empty. STDERR: standard error must be exactly
+# "keo-scene: STDERR" and a newline. Without either, standard error must be empty.
 string(REPLACE "|" ";" arguments "${ARGS}")
 execute_process(COMMAND "${PROGRAM}" ${arguments}
     RESULT_VARIABLE status
@@ -23,6 +25,10 @@ if(DEFINED MESSAGE)
     endif()
     if(NOT stdout STREQUAL "")
         string(APPEND failures "standard output should be empty, was:\n${stdout}")
+    endif()
+elseif(DEFINED STDERR)
+    if(NOT stderr STREQUAL "keo-scene: ${STDERR}\n")
+        string(APPEND failures "standard error was:\n${stderr}expected:\nkeo-scene: ${STDERR}\n")
     endif()
 elseif(NOT stderr STREQUAL "")
     string(APPEND failures "standard error should be empty, was:\n${stderr}")
