@@ -1,0 +1,104 @@
+#include "EditScript.h"
+
+#include "Sample.h"
+#include "Scene.h"
+
+#include "Common/Cartographic.h"
+#include "Common/Color.h"
+#include "Feature/Feature.h"
+#include "Feature/FeatureCollection.h"
+#include "Feature/FeatureGroup.h"
+#include "Feature/LabelSymbol.h"
+#include "Feature/PointGeometry.h"
+#include "Feature/PointStyle.h"
+#include "Feature/PointSymbol.h"
+
+#include <cctype>
+#include <memory>
+
+namespace keo::scene {
+
+namespace {
+
+// The sample's features, by their place in the sample table.
+constexpr std::uint64_t kMarkerId = kFirstFeatureId;
+constexpr std::uint64_t kPinId = kFirstFeatureId + 1;
+constexpr std::uint64_t kSphereId = kFirstFeatureId + 6;
+constexpr std::uint64_t kDroneId = kFirstFeatureId + 7;
+
+void recolourMarker(Scene& scene) {
+    scene.style(kMarkerId)->asPointStyle()->getPointSymbol()->setColor(Color::YELLOW);
+}
+
+void moveMarker(Scene& scene) {
+    auto& geometry = static_cast<Feature::PointGeometry&>(*scene.feature(kMarkerId)->getGeometry());
+    geometry.setPosition(Cartographic::fromDegrees(116.39, 39.9145, 0.0));
+}
+
+void hideParticles(Scene& scene) {
+    scene.group("particles").setShow(false);
+}
+
+void showParticles(Scene& scene) {
+    scene.group("particles").setShow(true);
+}
+
+void highlightPin(Scene& scene) {
+    scene.feature(kPinId)->setHighlight(true);
+}
+
+void swapMarkerStyle(Scene& scene) {
+    scene.setStyle(kMarkerId, makePinStyle());
+}
+
+void replaceSphere(Scene& scene) {
+    scene.remove(kSphereId);
+    scene.add("markers", makeMarker(kBeaconId, "Beacon"));
+}
+
+void relabelAll(Scene& scene) {
+    Feature::FeatureCollection& collection = scene.collection();
+    collection.suspendEvents();
+    for (const auto& feature : collection.getValues()) {
+        std::string text = feature->getName();
+        for (char& c : text) {
+            c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+        }
+        feature->setLabelText(text);
+    }
+    collection.resumeEvents();
+}
+
+void dropDroneHintLine(Scene& scene) {
+    scene.style(kDroneId)->getLabelSymbol()->setShowHintLine(false);
+}
+
+} // namespace
+
+const std::vector<ScriptedEdit>& editScript() {
+    static const std::vector<ScriptedEdit> script = {
+        {2, "recolour the dot of \"Marker\" from red to yellow", &recolourMarker},
+        {3, "move \"Marker\" 500 m north", &moveMarker},
+        {4, "hide the group \"particles\"", &hideParticles},
+        {5, "show the group \"particles\" again", &showParticles},
+        {6, "highlight \"Pin\"", &highlightPin},
+        {7, "swap the style of \"Marker\" for an image with a hint-lined label", &swapMarkerStyle},
+        {8, "remove \"Sphere spray\" and add the marker \"Beacon\" (id 2001)", &replaceSphere},
+        {9, "label every feature with its name in capitals, collection suspended", &relabelAll},
+        {10, "turn off the hint line of \"Drone\"", &dropDroneHintLine},
+    };
+    return script;
+}
+
+std::vector<std::string> applyEditsBefore(std::uint32_t frame, Scene& scene) {
+    std::vector<std::string> applied;
+    for (const ScriptedEdit& edit : editScript()) {
+        if (edit.beforeFrame == frame) {
+            edit.apply(scene);
+            applied.emplace_back(edit.description);
+        }
+    }
+    return applied;
+}
+
+} // namespace keo::scene

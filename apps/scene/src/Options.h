@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace keo::scene {
+
+/** @brief What the command line asks the program to do. */
+struct Options {
+    /** @brief Frames to play (1 to kMaxFrames). */
+    std::uint32_t frames = 12;
+    /** @brief Scale mode: the number of features to build (1 to kMaxFeatures); empty: sample. */
+    std::optional<std::uint32_t> features;
+    /** @brief File to write the JSON report to; empty: no JSON. */
+    std::string jsonPath;
+    /** @brief Print only the closing summary (errors still go to standard error). */
+    bool quiet = false;
+    /** @brief Check the renderer-side set against the features' entity trees after every frame. */
+    bool verify = false;
+    /** @brief Print the usage text and stop. */
+    bool help = false;
+};
+
+/** @brief The largest accepted --frames value. */
+inline constexpr std::uint32_t kMaxFrames = 100000;
+/** @brief The largest accepted --features value. */
+inline constexpr std::uint32_t kMaxFeatures = 1000000;
+
+/** @brief The result of parsing: the options, or the text that says what was wrong. */
+struct ParseResult {
+    /** @brief The options; empty when the command line was wrong. */
+    std::optional<Options> options;
+    /** @brief What was wrong (one line, without the program name); empty on success. */
+    std::string error;
+};
+
+/**
+ * @brief Parses the arguments after the program name. Options take their value as the next
+ * argument or after '=' (`--frames 5`, `--frames=5`). Numbers are plain decimal digits within
+ * their range; anything else, an unknown option, a missing value or a stray argument gives an
+ * error and no options. Never throws for any input.
+ */
+ParseResult parseArguments(const std::vector<std::string>& arguments);
+
+/** @brief The usage text printed by --help (several lines, ending in a newline). */
+std::string usageText();
+
+} // namespace keo::scene

@@ -1,0 +1,256 @@
+#include "Program.h"
+
+#include "CollectionWatch.h"
+#include "EditScript.h"
+#include "FrameLog.h"
+#include "Options.h"
+#include "ProgressBar.h"
+#include "RendererSide.h"
+#include "Sample.h"
+#include "Scene.h"
+
+#include "Data/Layer.h"
+#include "Feature/Feature.h"
+#include "Feature/FeatureGroup.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <ostream>
+
+namespace keo::scene {
+
+namespace {
+
+constexpr const char* kHelpHint = "Run 'keo-scene --help' for usage.";
+
+// The pieces of one run: the scene, the renderer side and the collection watch (attached before
+// any feature is added, so that they hear of every one), and the frame log.
+struct Run {
+    explicit Run(const char* layerName)
+        : scene(layerName)
+        , renderer(scene.root())
+        , watch(scene.collection()) {}
+
+    // Plays frame @p frame after the edits described by @p edits and records it.
+    const FrameRecord& play(std::uint32_t frame, std::vector<std::string> edits) {
+        FrameRecord record;
+        record.frame = frame;
+        record.time = frameTime(frame);
+        record.edits = std::move(edits);
+        record.counts = renderer.runFrame(frame);
+        record.collection = watch.take();
+        frames.push_back(std::move(record));
+        return frames.back();
+    }
+
+    // The verification failure of the last frame, or nothing.
+    std::optional<std::string> check() const {
+        std::string difference = renderer.verify();
+        if (difference.empty()) {
+            return std::nullopt;
+        }
+        return "verification failed after frame " + std::to_string(frames.back().frame) + ": " +
+               difference;
+    }
+
+    double lastTime() const { return frames.empty() ? 0.0 : frames.back().time; }
+
+    Scene scene;
+    RendererSide renderer;
+    CollectionWatch watch;
+    std::vector<FrameRecord> frames;
+};
+
+int verificationFailed(std::ostream& err, const std::string& message) {
+    err << "keo-scene: " << message << "\n";
+    return kExitFailed;
+}
+
+std::string verifiedLine(std::uint32_t frames) {
+    return "verify: after each of the " + std::to_string(frames) +
+           " frames the live set equalled the entity trees of the features in the scene\n";
+}
+
+int runSample(const Options& options, Run& run, std::ostream& out, std::ostream& err) {
+    populateSample(run.scene, sampleEntries().size());
+    if (!options.quiet) {
+        out << "keo-scene: the built-in sample, " << options.frames << " frame"
+            << (options.frames == 1 ? "" : "s") << " of " << kFrameSeconds << " s\n";
+        out << "scene: layer \"" << run.scene.layer()->getName() << "\", groups";
+        const char* separator = " ";
+        for (const auto& node : run.scene.root().getFeatures()) {
+            out << separator << '"' << node->getName() << '"';
+            separator = ", ";
+        }
+        out << "; " << run.scene.features().size() << " features, also in a collection\n\n";
+    }
+    for (std::uint32_t frame = 1; frame <= options.frames; ++frame) {
+        const FrameRecord& record = run.play(frame, applyEditsBefore(frame, run.scene));
+        if (!options.quiet) {
+            out << formatFrame(record);
+        }
+        if (options.verify) {
+            if (const auto failure = run.check()) {
+                return verificationFailed(err, *failure);
+            }
+        }
+    }
+    if (options.quiet) {
+        out << "keo-scene: " << options.frames << " frames, " << run.scene.features().size()
+            << " features, " << run.renderer.liveCount() << " entities live\n";
+    } else {
+        out << "\nentity trees at t=" << run.lastTime()
+            << " s (keoData's text dump), one per feature in tree order:\n"
+            << entityTreesText(run.scene, run.lastTime());
+    }
+    if (options.verify) {
+        out << verifiedLine(options.frames);
+    }
+    return kExitOk;
+}
+
+// One measured phase of the scale run.
+struct Phase {
+    const char* name;
+    std::size_t features = 0;
+    std::size_t entities = 0;
+    double seconds = 0.0;
+};
+
+std::string formatPhase(const Phase& phase) {
+    // Rates of a phase too short to time are shown as 0 rather than divided by zero.
+    const double seconds = phase.seconds > 0.0 ? phase.seconds : 0.0;
+    const auto rate = [seconds](std::size_t count) {
+        return seconds > 0.0 ? static_cast<double>(count) / seconds : 0.0;
+    };
+    char line[160];
+    std::snprintf(line, sizeof line, "%-13s %10zu %11zu %9.3f %12.0f %12.0f\n", phase.name,
+                  phase.features, phase.entities, seconds, rate(phase.features),
+                  rate(phase.entities));
+    return line;
+}
+
+// The scale run in pieces of about one percent, so that the progress bar moves.
+std::size_t chunkOf(std::size_t count) {
+    return std::max<std::size_t>(count / 100, 1);
+}
+
+int runScale(const Options& options, std::uint32_t featureCount, Run& run, std::ostream& out,
+             std::ostream& err, bool progress) {
+    using Clock = std::chrono::steady_clock;
+    if (!options.quiet) {
+        out << "keo-scene: scale run of " << featureCount << " features (the sample's "
+            << sampleEntries().size() << " kinds in turn), " << options.frames
+            << " clean frames and " << options.frames << " edit rounds\n"
+            << std::flush;
+    }
+    // Units of work: each feature built, visited by a frame, or edited. The build is followed by
+    // one frame, each clean frame is one visit, each edit round an edit and a visit.
+    const std::size_t frames = options.frames;
+    ProgressBar bar(err, progress && !options.quiet, featureCount * (2 + 3 * frames));
+    Phase build{"build"};
+    Phase clean{"clean frames"};
+    Phase edits{"edits"};
+    std::uint32_t frame = 0;
+
+    // Times @p work, then plays the next frame and adds both to @p phase (the frame is part of
+    // every phase: it is where the entities are made and brought up to date). Verification runs
+    // outside the measured time.
+    const auto measure = [&](Phase& phase, const std::function<void()>& work) {
+        const auto start = Clock::now();
+        work();
+        run.play(++frame, {});
+        phase.seconds += std::chrono::duration<double>(Clock::now() - start).count();
+        phase.features += featureCount;
+        phase.entities += run.renderer.liveCount();
+        bar.advance(featureCount, phase.name);
+        return options.verify ? run.check() : std::nullopt;
+    };
+
+    std::optional<std::string> failure = measure(build, [&] {
+        const std::size_t chunk = chunkOf(featureCount);
+        for (std::size_t first = 0; first < featureCount; first += chunk) {
+            const std::size_t count = std::min<std::size_t>(chunk, featureCount - first);
+            populateSample(run.scene, count, first);
+            bar.advance(count, build.name);
+        }
+    });
+    for (std::uint32_t i = 0; i < options.frames && !failure; ++i) {
+        failure = measure(clean, [] {});
+    }
+    const auto features = run.scene.features();
+    for (std::uint32_t round = 1; round <= options.frames && !failure; ++round) {
+        // Every feature changes: highlight on in odd rounds, off in even ones.
+        failure = measure(edits, [&] {
+            for (std::size_t i = 0; i < features.size(); ++i) {
+                features[i]->setHighlight(round % 2 == 1);
+                if ((i + 1) % chunkOf(features.size()) == 0) {
+                    bar.advance(chunkOf(features.size()), edits.name);
+                }
+            }
+        });
+    }
+    bar.finish();
+    if (failure) {
+        return verificationFailed(err, *failure);
+    }
+    out << "phase           features    entities   seconds   features/s   entities/s\n";
+    for (const Phase* phase : {&build, &clean, &edits}) {
+        out << formatPhase(*phase);
+    }
+    if (options.verify) {
+        out << verifiedLine(frame);
+    }
+    return kExitOk;
+}
+
+} // namespace
+
+int runProgram(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err,
+               bool progress) {
+    const ParseResult parsed = parseArguments(arguments);
+    if (!parsed.options) {
+        err << "keo-scene: " << parsed.error << "\n" << kHelpHint << "\n";
+        return kExitUsage;
+    }
+    const Options& options = *parsed.options;
+    if (options.help) {
+        out << usageText();
+        return kExitOk;
+    }
+    std::ofstream json;
+    if (!options.jsonPath.empty()) {
+        json.open(options.jsonPath, std::ios::out | std::ios::trunc);
+        if (!json.is_open()) {
+            err << "keo-scene: cannot open --json file '" << options.jsonPath
+                << "' for writing: " << std::strerror(errno) << "\n"
+                << kHelpHint << "\n";
+            return kExitUsage;
+        }
+    }
+
+    Run run(options.features ? "scale" : "sample");
+    const int status = options.features
+                           ? runScale(options, *options.features, run, out, err, progress)
+                           : runSample(options, run, out, err);
+    if (status != kExitOk || !json.is_open()) {
+        return status;
+    }
+    json << frameLogJson(options.features ? "scale" : "sample", run.frames, run.scene,
+                         run.lastTime());
+    json.close();
+    if (json.fail()) {
+        err << "keo-scene: could not write the JSON report to '" << options.jsonPath << "'\n";
+        return kExitFailed;
+    }
+    return kExitOk;
+}
+
+} // namespace keo::scene

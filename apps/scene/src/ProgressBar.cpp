@@ -1,0 +1,47 @@
+#include "ProgressBar.h"
+
+#include <algorithm>
+#include <ostream>
+
+namespace keo::scene {
+
+namespace {
+constexpr int kWidth = 30;
+} // namespace
+
+ProgressBar::ProgressBar(std::ostream& stream, bool enabled, std::size_t total)
+    : stream_(stream)
+    , enabled_(enabled)
+    , total_(std::max<std::size_t>(total, 1)) {}
+
+ProgressBar::~ProgressBar() {
+    finish();
+}
+
+void ProgressBar::finish() {
+    if (enabled_ && shownPercent_ >= 0) {
+        stream_ << "\r" << std::string(kWidth + 40, ' ') << "\r" << std::flush;
+    }
+    enabled_ = false;
+}
+
+void ProgressBar::advance(std::size_t units, const std::string& phase) {
+    done_ = std::min(done_ + units, total_);
+    if (!enabled_) {
+        return;
+    }
+    // Whole percent; units are counted in std::size_t, far from overflow at 100 times the total.
+    const int percent = static_cast<int>(done_ * 100 / total_);
+    if (percent == shownPercent_) {
+        return;
+    }
+    shownPercent_ = percent;
+    const int filled = percent * kWidth / 100;
+    std::string bar = "[" + std::string(static_cast<std::size_t>(filled), '#') +
+                      std::string(static_cast<std::size_t>(kWidth - filled), '-') + "] ";
+    const std::string number = std::to_string(percent);
+    bar += std::string(3 - std::min<std::size_t>(number.size(), 3), ' ') + number + "% " + phase;
+    stream_ << "\r" << bar << std::string(12, ' ') << std::flush;
+}
+
+} // namespace keo::scene

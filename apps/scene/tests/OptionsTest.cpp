@@ -1,0 +1,94 @@
+#include "Options.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using keo::scene::Options;
+using keo::scene::parseArguments;
+using keo::scene::ParseResult;
+
+ParseResult parse(const std::vector<std::string>& arguments) {
+    return parseArguments(arguments);
+}
+
+std::string errorOf(const std::vector<std::string>& arguments) {
+    const ParseResult result = parse(arguments);
+    EXPECT_FALSE(result.options.has_value());
+    return result.error;
+}
+
+TEST(OptionsTest, NoArgumentsGiveTheSampleRunWithItsDefaults) {
+    const ParseResult result = parse({});
+    ASSERT_TRUE(result.options.has_value());
+    EXPECT_EQ(result.error, "");
+    EXPECT_EQ(result.options->frames, 12u);
+    EXPECT_FALSE(result.options->features.has_value());
+    EXPECT_EQ(result.options->jsonPath, "");
+    EXPECT_FALSE(result.options->quiet);
+    EXPECT_FALSE(result.options->verify);
+    EXPECT_FALSE(result.options->help);
+}
+
+TEST(OptionsTest, ValuesAreTakenFromTheNextArgumentOrAfterAnEqualsSign) {
+    const ParseResult result =
+        parse({"--frames", "5", "--features=300", "--json", "out.json", "--quiet", "--verify"});
+    ASSERT_TRUE(result.options.has_value());
+    EXPECT_EQ(result.options->frames, 5u);
+    EXPECT_EQ(result.options->features, 300u);
+    EXPECT_EQ(result.options->jsonPath, "out.json");
+    EXPECT_TRUE(result.options->quiet);
+    EXPECT_TRUE(result.options->verify);
+}
+
+TEST(OptionsTest, HelpIsRecognisedInBothForms) {
+    EXPECT_TRUE(parse({"--help"}).options->help);
+    EXPECT_TRUE(parse({"-h"}).options->help);
+}
+
+TEST(OptionsTest, TheLargestCountsAreAcceptedAndOneMoreIsNot) {
+    EXPECT_EQ(parse({"--frames", "100000"}).options->frames, keo::scene::kMaxFrames);
+    EXPECT_EQ(parse({"--features", "1000000"}).options->features, keo::scene::kMaxFeatures);
+    EXPECT_EQ(errorOf({"--frames", "100001"}),
+              "option '--frames' needs a whole number from 1 to 100000, got '100001'");
+}
+
+TEST(OptionsTest, CountsMustBePlainPositiveWholeNumbers) {
+    for (const char* bad : {"0", "abc", "-1", "+3", "1.5", "1e3", " 4", "4 ", "", "00000000000",
+                            "99999999999999999999"}) {
+        EXPECT_EQ(errorOf({"--frames", bad}),
+                  std::string("option '--frames' needs a whole number from 1 to 100000, got '") +
+                      bad + "'")
+            << bad;
+    }
+    EXPECT_EQ(errorOf({"--features=-1"}),
+              "option '--features' needs a whole number from 1 to 1000000, got '-1'");
+}
+
+TEST(OptionsTest, AnOptionWithoutItsValueSaysSo) {
+    EXPECT_EQ(errorOf({"--frames"}), "option '--frames' needs a value");
+    EXPECT_EQ(errorOf({"--json", "--quiet"}), "option '--json' needs a value");
+    EXPECT_EQ(errorOf({"--json="}), "option '--json' needs a file name");
+}
+
+TEST(OptionsTest, UnknownOptionsStrayArgumentsAndValuesOnFlagsAreErrors) {
+    EXPECT_EQ(errorOf({"--bogus"}), "unknown option '--bogus'");
+    EXPECT_EQ(errorOf({"--bogus=3"}), "unknown option '--bogus'");
+    EXPECT_EQ(errorOf({"-x"}), "unknown option '-x'");
+    EXPECT_EQ(errorOf({"scene.txt"}), "unexpected argument 'scene.txt'");
+    EXPECT_EQ(errorOf({"--"}), "unknown option '--'");
+    EXPECT_EQ(errorOf({"--quiet=yes"}), "option '--quiet' takes no value");
+}
+
+TEST(OptionsTest, TheUsageTextNamesEveryOption) {
+    const std::string usage = keo::scene::usageText();
+    for (const char* option :
+         {"--frames", "--features", "--json", "--quiet", "--verify", "--help"}) {
+        EXPECT_NE(usage.find(option), std::string::npos) << option;
+    }
+}
+
+} // namespace
