@@ -16,7 +16,9 @@
 #include <mutex>
 #include <optional>
 #include <string>
+#include <type_traits>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace keo {
@@ -208,6 +210,15 @@ public:
     /** @brief Adds a listener to the definition-changed event; returns its handle. */
     std::weak_ptr<FunctionWrapper>
     _addDefinitionChangedEventListener(std::function<void(Feature*)>&& callback);
+    /**
+     * @brief Adds the callable @p callback, stored as it is (no std::function around it), to the
+     * definition-changed event; returns its handle.
+     */
+    template <typename Function,
+              typename = std::enable_if_t<std::is_invocable_v<std::decay_t<Function>&, Feature*>>>
+    std::weak_ptr<FunctionWrapper> _addDefinitionChangedEventListener(Function&& callback) {
+        return definitionChanged_.addEventListener(std::forward<Function>(callback));
+    }
     /**
      * @brief Raises the definition-changed event with this feature, unless it was already raised
      * since the last `_updateEntityInCull`.
