@@ -128,7 +128,8 @@ public:
     /** @brief Calls @p visit(value, extra) for every value, in no particular order. */
     template <typename Visit>
     void forEachExtra(Visit&& visit) {
-        index_.forEach([&visit](std::uint64_t, Entry& entry) { visit(*entry.position, entry.extra); });
+        index_.forEach(
+            [&visit](std::uint64_t, Entry& entry) { visit(*entry.position, entry.extra); });
     }
 
     /** @brief The values in insertion order. */
