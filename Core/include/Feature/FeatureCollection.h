@@ -11,7 +11,6 @@
 #include <list>
 #include <memory>
 #include <mutex>
-#include <unordered_map>
 
 namespace keo::Feature {
 
@@ -161,20 +160,21 @@ private:
 
     MemberSubscription subscribe(Feature& feature);
     void onMemberDefinitionChanged(Feature* feature, std::uint64_t serial);
-    std::weak_ptr<FunctionWrapper> takeSubscription(std::uint64_t id);
+    void recycleBatches(FeatureList& added, FeatureList& removed, ChangedList& changed) noexcept;
 
     std::uint32_t suspendCount_ = 0;
     bool show_ = true;
     bool firing_ = false;
     bool refire_ = false;
     std::uint64_t id_;
-    detail::OrderedIdMap<std::shared_ptr<Feature>> features_;
+    // The members, each with the subscription to its definition-changed event: one look-up finds
+    // both.
+    detail::OrderedIdMap<std::shared_ptr<Feature>, MemberSubscription> features_;
     detail::OrderedIdMap<std::shared_ptr<Feature>> added_;
     detail::OrderedIdMap<std::shared_ptr<Feature>> removed_;
     detail::OrderedIdMap<Feature*> changed_;
     std::unique_ptr<Publisher<CollectionChangedCallback>> collectionChanged_;
     mutable std::recursive_mutex mutex_;
-    std::unordered_map<std::uint64_t, MemberSubscription> listenerHandles_;
     std::atomic<std::uint64_t> nextSerial_{0};
 };
 

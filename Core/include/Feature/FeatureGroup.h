@@ -2,6 +2,7 @@
 
 #include "Feature/FeatureBase.h"
 #include "Feature/FeatureExport.h"
+#include "Feature/FlatIdMap.h"
 #include "Feature/FunctionWrapper.h"
 #include "Feature/Publisher.h"
 
@@ -10,7 +11,6 @@
 #include <list>
 #include <memory>
 #include <optional>
-#include <unordered_map>
 #include <vector>
 
 namespace keo {
@@ -129,19 +129,21 @@ private:
     // finds it without a search) and, for a child group, the subscription that relays its
     // added-or-removed event. Keyed by the node itself: ids need not be unique in a tree, and a
     // subscription filed under a shared id could outlive its removal and call a group that is
-    // gone.
+    // gone. The flat index keeps the entries in one array, so that finding one costs no walk
+    // over nodes scattered on the heap.
     struct ChildEntry {
         ChildList::iterator position;
         std::weak_ptr<FunctionWrapper> subscription;
     };
 
+    static std::uint64_t keyOf(const FeatureBase& node) noexcept;
     bool place(std::optional<std::uint64_t> position, std::shared_ptr<FeatureBase> node);
     void disconnectChildren() noexcept;
 
     ChildList children_;
     std::unique_ptr<Publisher<AddedOrRemovedCallback>> featureAddedOrRemoved_;
     std::weak_ptr<Layer> layer_;
-    std::unordered_map<const FeatureBase*, ChildEntry> childEntries_;
+    detail::FlatIdMap<ChildEntry> childEntries_; // keyed by keyOf(child)
 };
 
 } // namespace keo::Feature

@@ -22,6 +22,10 @@ constexpr int ADD_NULL_LINE = 53;
 constexpr int ADD_DUPLICATE_LINE = 63;
 constexpr int CONTAINS_NULL_LINE = 174;
 
+// List nodes a batch keeps for reuse (the changed batch: beyond the number of members, which it
+// never exceeds): enough for the single additions and removals that follow one another.
+constexpr std::size_t SPARE_NODES_BEYOND_MEMBERS = 64;
+
 [[noreturn]] void throwInvalid(const std::string& message, const char* function, int line) {
     throw InvalidParametersException(INVALID_PARAMETERS, message, function, SOURCE_PATH, line);
 }
@@ -59,6 +63,14 @@ private:
     std::vector<std::weak_ptr<FunctionWrapper>> more_;
 };
 
+// Hands the subscriptions of every member of @p members to @p disconnects.
+template <typename Members>
+void disconnectMembers(Members& members, DeferredDisconnects& disconnects) {
+    members.forEachExtra([&disconnects](const auto&, auto& subscription) {
+        disconnects.add(std::move(subscription.handle));
+    });
+}
+
 // Sets a flag for the length of a scope and clears it on every exit (a listener may throw).
 class FlagScope final {
 public:
@@ -83,10 +95,8 @@ FeatureCollection::FeatureCollection()
 FeatureCollection::~FeatureCollection() {
     DeferredDisconnects disconnects;
     const Lock lock(mutex_);
-    for (auto& entry : listenerHandles_) {
-        disconnects.add(std::move(entry.second.handle));
-    }
-    listenerHandles_.clear();
+    disconnectMembers(features_, disconnects);
+    features_.clear();
 }
 
 FeatureCollection::MemberSubscription FeatureCollection::subscribe(Feature& feature) {
@@ -102,20 +112,10 @@ void FeatureCollection::onMemberDefinitionChanged(Feature* feature, std::uint64_
     const Lock lock(mutex_);
     // A listener whose membership ended (or was replaced by a later one) may still be called
     // until its deferred disconnection: it records nothing.
-    const auto entry = listenerHandles_.find(feature->getId());
-    if (entry != listenerHandles_.end() && entry->second.serial == serial) {
+    const MemberSubscription* current = features_.findExtra(feature->getId());
+    if (current != nullptr && current->serial == serial) {
         _onFeatureDefinitionChanged(feature);
     }
-}
-
-std::weak_ptr<FunctionWrapper> FeatureCollection::takeSubscription(std::uint64_t id) {
-    const auto entry = listenerHandles_.find(id);
-    if (entry == listenerHandles_.end()) {
-        return {};
-    }
-    std::weak_ptr<FunctionWrapper> handle = std::move(entry->second.handle);
-    listenerHandles_.erase(entry);
-    return handle;
 }
 
 std::shared_ptr<Feature> FeatureCollection::add(std::shared_ptr<Feature> feature) {
@@ -129,12 +129,11 @@ std::shared_ptr<Feature> FeatureCollection::add(std::shared_ptr<Feature> feature
     DeferredDisconnects disconnects;
     {
         const Lock lock(mutex_);
-        if (!features_.contains(id)) {
-            features_.insert(feature);
+        if (MemberSubscription* stored = features_.insert(feature)) {
+            *stored = std::move(subscription);
             if (!removed_.erase(id)) {
                 added_.insert(feature);
             }
-            listenerHandles_[id] = std::move(subscription);
             fireChangedEvent();
             return feature;
         }
@@ -154,7 +153,8 @@ bool FeatureCollection::removeById(std::uint64_t id) {
     }
     DeferredDisconnects disconnects;
     const Lock lock(mutex_);
-    std::shared_ptr<Feature> feature = features_.extract(id);
+    MemberSubscription subscription;
+    std::shared_ptr<Feature> feature = features_.extract(id, &subscription);
     if (!feature) {
         return false;
     }
@@ -162,7 +162,7 @@ bool FeatureCollection::removeById(std::uint64_t id) {
         removed_.insert(std::move(feature));
         changed_.erase(id);
     }
-    disconnects.add(takeSubscription(id));
+    disconnects.add(std::move(subscription.handle));
     fireChangedEvent();
     return true;
 }
@@ -170,10 +170,9 @@ bool FeatureCollection::removeById(std::uint64_t id) {
 void FeatureCollection::removeAll() {
     DeferredDisconnects disconnects;
     const Lock lock(mutex_);
+    disconnectMembers(features_, disconnects);
     for (const auto& feature : features_.values()) {
-        const std::uint64_t id = feature->getId();
-        disconnects.add(takeSubscription(id));
-        if (!added_.contains(id)) {
+        if (!added_.contains(feature->getId())) {
             removed_.insert(feature);
         }
     }
@@ -232,11 +231,22 @@ void FeatureCollection::fireChangedEvent() {
         refire_ = false;
         // The batches are moved out first, so what the listeners record goes into new batches,
         // which the next round delivers.
-        const FeatureList added = added_.takeValues();
-        const FeatureList removed = removed_.takeValues();
-        const ChangedList changed = changed_.takeValues();
+        FeatureList added = added_.takeValues();
+        FeatureList removed = removed_.takeValues();
+        ChangedList changed = changed_.takeValues();
         collectionChanged_->raiseEvent(this, added, removed, changed);
+        recycleBatches(added, removed, changed);
     } while (refire_);
+}
+
+void FeatureCollection::recycleBatches(FeatureList& added, FeatureList& removed,
+                                       ChangedList& changed) noexcept {
+    // Only the changed batch keeps as many nodes as there are members: it is the one that a
+    // collection edited frame after frame fills with many features again and again, whereas large
+    // added and removed batches come from one-off bulk edits.
+    added_.recycle(added, SPARE_NODES_BEYOND_MEMBERS);
+    removed_.recycle(removed, SPARE_NODES_BEYOND_MEMBERS);
+    changed_.recycle(changed, features_.size() + SPARE_NODES_BEYOND_MEMBERS);
 }
 
 bool FeatureCollection::isFiring() const {

@@ -3,6 +3,7 @@
 #include "Feature/Feature.h"
 #include "Feature/SubscriptionPair.h"
 
+#include <cstdint>
 #include <iterator>
 
 namespace keo::Feature {
@@ -110,6 +111,10 @@ void FeatureGroup::setShow(bool show) {
     markChanged(ShowChanged);
 }
 
+std::uint64_t FeatureGroup::keyOf(const FeatureBase& node) noexcept {
+    return static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(&node));
+}
+
 bool FeatureGroup::add(std::shared_ptr<FeatureBase> node) {
     if (!node) {
         return false;
@@ -147,7 +152,7 @@ bool FeatureGroup::place(std::optional<std::uint64_t> position, std::shared_ptr<
     if (position && *position < children_.size()) {
         before = std::next(children_.begin(), static_cast<std::ptrdiff_t>(*position));
     }
-    ChildEntry& entry = childEntries_[node.get()];
+    ChildEntry& entry = *childEntries_.tryEmplace(keyOf(*node)).first;
     entry.position = children_.insert(before, node);
     node->_setParent(this);
 
@@ -193,13 +198,12 @@ bool FeatureGroup::removeFromMemory(const std::shared_ptr<FeatureBase>& node) {
         // A node of another group is only removed softly there.
         return node->getParent()->remove(node);
     }
-    const auto found = childEntries_.find(node.get());
-    if (found == childEntries_.end()) {
+    ChildEntry entry;
+    if (!childEntries_.take(keyOf(*node), entry)) {
         return false;
     }
-    children_.erase(found->second.position);
-    detail::disconnectListener(found->second.subscription);
-    childEntries_.erase(found);
+    children_.erase(entry.position);
+    detail::disconnectListener(entry.subscription);
     node->_setParent(nullptr);
     _raiseFeatureAddedOrRemovedEvent({}, leafFeatures(node));
     return true;
@@ -223,9 +227,9 @@ void FeatureGroup::removeAllFromMemory() {
 }
 
 void FeatureGroup::disconnectChildren() noexcept {
-    for (const auto& entry : childEntries_) {
-        detail::disconnectListener(entry.second.subscription);
-    }
+    childEntries_.forEach([](std::uint64_t, const ChildEntry& entry) {
+        detail::disconnectListener(entry.subscription);
+    });
 }
 
 std::shared_ptr<FeatureBase> FeatureGroup::getById(std::uint64_t id) const {

@@ -1,14 +1,20 @@
-// Threads: features edited on one thread, updated on another, and added to and removed from a
-// collection on others. The tsan preset runs these tests ("*Stress*") to show there is no data
-// race and no lock-order inversion (the lock order is feature, then collection).
+// Threads: features edited on one thread (their own settings, their point geometry and the
+// symbols of their point styles, and style swaps), updated on another, and added to and removed
+// from a collection on others. The tsan preset runs these tests ("*Stress*") to show there is no
+// data race and no lock-order inversion (the lock order is feature, then collection).
 
+#include "Common/Cartographic.h"
+#include "Common/Color.h"
 #include "Common/InvalidParametersException.h"
 #include "Feature/Feature.h"
 #include "Feature/FeatureCollection.h"
-#include "TestKinds.h"
+#include "Feature/PointGeometry.h"
+#include "Feature/PointStyle.h"
+#include "Feature/PointSymbol.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <set>
@@ -18,28 +24,49 @@
 
 namespace {
 
+using keo::Cartographic;
+using keo::Color;
 using keo::InvalidParametersException;
 using keo::Feature::Feature;
 using keo::Feature::FeatureCollection;
-using keo::Feature::Geometry;
-using keo::Feature::Style;
-using keo::Feature::test::TestGeometry;
-using keo::Feature::test::TestStyle;
+using keo::Feature::PointGeometry;
+using keo::Feature::PointStyle;
+using keo::Feature::PointSymbol;
 
 constexpr std::uint64_t FEATURE_COUNT = 24;
 constexpr int ROUNDS = 150;
 
-// A feature with a geometry and a style, so that its frame updates build entities.
+// Where a member's point stands in a round of edits.
+Cartographic placeOf(std::uint64_t id, int round) {
+    return Cartographic::fromDegrees(100.0 + static_cast<double>(id) * 0.01,
+                                     30.0 + static_cast<double>(round) * 0.001, 10.0);
+}
+
+std::shared_ptr<PointStyle> makePointStyle() {
+    auto style = std::make_shared<PointStyle>();
+    style->setPointSymbol(std::make_shared<PointSymbol>());
+    return style;
+}
+
+// A point feature with two point styles of its own, which the editor swaps, so that its frame
+// updates build and rebuild entities.
 struct Member {
     explicit Member(std::uint64_t id)
         : feature(std::make_shared<Feature>(id))
-        , geometry(std::make_shared<TestGeometry>(Geometry::Type::Point)) {
+        , geometry(std::make_shared<PointGeometry>(placeOf(id, 0)))
+        , styles{makePointStyle(), makePointStyle()} {
         feature->setGeometry(geometry);
-        feature->setStyle(std::make_shared<TestStyle>(Style::Type::Point));
+        feature->setStyle(styles[0]);
     }
     std::shared_ptr<Feature> feature;
-    std::shared_ptr<TestGeometry> geometry;
+    std::shared_ptr<PointGeometry> geometry;
+    std::array<std::shared_ptr<PointStyle>, 2> styles;
 };
+
+// The style a member wears after the edits of @p round.
+std::size_t styleOfRound(int round) {
+    return static_cast<std::size_t>(round % 2);
+}
 
 /**
  * Follows membership through the notifications alone: an added feature must not be known yet, a
@@ -77,15 +104,33 @@ std::vector<Member> makeMembers() {
     return members;
 }
 
-// Edits every feature ROUNDS times through its setters, each of which changes the feature under
-// its lock and then reports the change (taking the collection's lock after the feature's).
+// Edits every feature ROUNDS times through its setters and those of its geometry and style, each
+// of which changes the feature under its lock and then reports the change (taking the
+// collection's lock after the feature's); the styles are swapped every round.
 void editAll(const std::vector<Member>& members) {
     for (int round = 0; round < ROUNDS; ++round) {
         for (const Member& member : members) {
             member.feature->setLabelText(std::to_string(round));
             member.feature->setShow(round % 2 == 0);
             member.feature->setHighlight(round % 3 == 0);
+            member.geometry->setPosition(placeOf(member.feature->getId(), round));
+            const auto& style = member.styles[styleOfRound(round)];
+            style->getPointSymbol()->setPixelSize(static_cast<float>(round % 20 + 1));
+            style->getPointSymbol()->setColor(round % 2 == 0 ? Color::RED : Color::GREEN);
+            member.feature->setStyle(style);
         }
+    }
+}
+
+// What the edits left behind once every thread is done: the last round's settings.
+void expectLastRound(const std::vector<Member>& members) {
+    const std::string lastText = std::to_string(ROUNDS - 1);
+    const std::size_t lastStyle = styleOfRound(ROUNDS - 1);
+    for (const Member& member : members) {
+        EXPECT_EQ(member.feature->getLabelText(), lastText);
+        EXPECT_EQ(member.feature->getStyle(), member.styles[lastStyle].get());
+        EXPECT_EQ(member.styles[lastStyle]->getPointSymbol()->getPixelSize(),
+                  static_cast<float>((ROUNDS - 1) % 20 + 1));
     }
 }
 
@@ -164,9 +209,7 @@ TEST(FeatureCollectionStressTest, EditsUpdatesAndMembershipChangesOnThreeThreads
     EXPECT_EQ(notified.violations, 0);
     EXPECT_GT(notified.notifications, 0);
     EXPECT_EQ(notified.members, memberIds(collection));
-    for (const Member& member : members) {
-        EXPECT_EQ(member.feature->getLabelText(), std::to_string(ROUNDS - 1));
-    }
+    expectLastRound(members);
 
     // Every member is still watched exactly once, and no former member is.
     EXPECT_EQ(notificationsForOneEditEach(members, notified),
@@ -188,6 +231,7 @@ TEST(FeatureCollectionStressTest, TwoThreadsAddingAndRemovingTheSameFeaturesWhil
 
     EXPECT_EQ(notified.violations, 0);
     EXPECT_EQ(notified.members, memberIds(collection));
+    expectLastRound(members);
     EXPECT_EQ(notificationsForOneEditEach(members, notified),
               static_cast<int>(notified.members.size()));
 }
