@@ -5,11 +5,16 @@
 // divided by the number of features it handled.
 //
 // The features are made once, as an application makes them: a fresh random id, a name, a point
-// geometry of its own and one shared style, on a heap where other objects of many sizes were
-// made alongside and later freed in random order. So the features lie apart from each other, and
-// what the collection allocates for them lands in scattered holes, as in a program that has been
-// running for a while. Setting up and tearing down the collections and groups is not timed; the
-// listeners walk every batch they receive.
+// geometry of its own and one shared style. Every benchmark runs on two heaps (the argument
+// "scattered"):
+// - 0, in a row: the features are made one after the other, as a program that loads a data set
+//   makes them;
+// - 1, scattered: other objects of many sizes are made alongside and later freed in random order.
+//   So the features lie apart from each other, and what the collection allocates for them lands
+//   in scattered holes, as in a program that has been running for a while. The allocator's own
+//   bookkeeping of those holes then takes a large part of the time.
+// Setting up and tearing down the collections and groups is not timed; the listeners walk every
+// batch they receive.
 
 #include "Common/Cartographic.h"
 #include "Feature/Feature.h"
@@ -22,6 +27,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <malloc.h>
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -29,6 +36,7 @@
 #include <random>
 #include <stdexcept>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -56,10 +64,10 @@ std::shared_ptr<PointStyle> makeStyle() {
 }
 
 // kMostFeatures named point features with fresh ids on a grid of 0.001 degree, drawn with one
-// style. Between two features the "application" makes 0 to 3 objects of 16 to 400 bytes, which
-// are freed in random order once every feature is made: the holes they leave are where later
-// allocations land.
-Features makeWorld() {
+// style. When @p scattered, between two features the "application" makes 0 to 3 objects of 16 to
+// 400 bytes, which are freed in random order once every feature is made: the holes they leave are
+// where later allocations land.
+Features makeWorld(bool scattered) {
     std::mt19937 random(7);
     std::uniform_int_distribution<std::size_t> otherCount(0, 3);
     std::uniform_int_distribution<std::size_t> otherSize(16, 400);
@@ -76,7 +84,7 @@ Features makeWorld() {
             Cartographic::fromDegrees(100.0 + column * 0.001, 30.0 + row * 0.001, 10.0)));
         feature->setStyle(style);
         features.push_back(std::move(feature));
-        for (std::size_t n = otherCount(random); n > 0; --n) {
+        for (std::size_t n = scattered ? otherCount(random) : 0; n > 0; --n) {
             others.push_back(std::make_unique<char[]>(otherSize(random)));
             benchmark::DoNotOptimize(others.back().get());
         }
@@ -86,25 +94,32 @@ Features makeWorld() {
     return features;
 }
 
-// The first @p count features of the world (made on first use and kept for every run).
-const Features& featuresOf(std::int64_t count) {
-    static const Features world = makeWorld();
-    static std::vector<std::pair<std::int64_t, Features>> made;
+// The first state.range(0) features of the world that state.range(1) names (in a row or
+// scattered), made on first use and kept for every run.
+const Features& featuresOf(const benchmark::State& state) {
+    const std::int64_t count = state.range(0);
+    const bool scattered = state.range(1) != 0;
+    static std::vector<Features> worlds(2);
+    Features& world = worlds[scattered ? 1 : 0];
+    if (world.empty()) {
+        world = makeWorld(scattered);
+    }
+    static std::vector<std::tuple<std::int64_t, bool, Features>> made;
     for (const auto& entry : made) {
-        if (entry.first == count) {
-            return entry.second;
+        if (std::get<0>(entry) == count && std::get<1>(entry) == scattered) {
+            return std::get<2>(entry);
         }
     }
     const auto end = world.begin() + static_cast<std::ptrdiff_t>(count);
-    made.emplace_back(count, Features(world.begin(), end));
-    return made.back().second;
+    made.emplace_back(count, scattered, Features(world.begin(), end));
+    return std::get<2>(made.back());
 }
 
-// The order in which to remove @p features: as they were added (the second argument 0), or in a
+// The order in which to remove @p features: as they were added (the third argument 0), or in a
 // fixed shuffled order (1), where each removal touches memory far from the previous one.
 Features removalOrder(const Features& features, const benchmark::State& state) {
     Features order = features;
-    if (state.range(1) != 0) {
+    if (state.range(2) != 0) {
         std::shuffle(order.begin(), order.end(), std::mt19937(42));
     }
     return order;
@@ -149,6 +164,13 @@ std::unique_ptr<FeatureCollection> collectionOf(const Features& features) {
     return collection;
 }
 
+// Lets the allocator finish, untimed, the work that the untimed teardown left it: glibc keeps
+// small freed blocks aside and merges them all at the next large request, which would otherwise
+// land in the next timed part (the index growing during the adds, say).
+void settleHeap() {
+    malloc_trim(0);
+}
+
 void addPerFeatureCounter(benchmark::State& state) {
     state.counters["per_feature"] = benchmark::Counter(
         static_cast<double>(state.range(0)),
@@ -162,7 +184,7 @@ void requireOneNotification(const NotificationCount& count, std::int64_t feature
 }
 
 void BM_CollectionAddSuspended(benchmark::State& state) {
-    const Features& features = featuresOf(state.range(0));
+    const Features& features = featuresOf(state);
     for (auto _ : state) {
         state.PauseTiming();
         auto collection = std::make_unique<FeatureCollection>();
@@ -179,13 +201,14 @@ void BM_CollectionAddSuspended(benchmark::State& state) {
         state.PauseTiming();
         requireOneNotification(count, state.range(0));
         collection.reset(); // unsubscribes from every feature, untimed
+        settleHeap();
         state.ResumeTiming();
     }
     addPerFeatureCounter(state);
 }
 
 void BM_CollectionRemoveOneByOne(benchmark::State& state) {
-    const Features& features = featuresOf(state.range(0));
+    const Features& features = featuresOf(state);
     const Features order = removalOrder(features, state);
     for (auto _ : state) {
         state.PauseTiming();
@@ -205,13 +228,14 @@ void BM_CollectionRemoveOneByOne(benchmark::State& state) {
             throw std::logic_error("expected one notification per removal");
         }
         collection.reset();
+        settleHeap();
         state.ResumeTiming();
     }
     addPerFeatureCounter(state);
 }
 
 void BM_GroupRemoveFromMemoryOneByOne(benchmark::State& state) {
-    const Features& features = featuresOf(state.range(0));
+    const Features& features = featuresOf(state);
     const Features order = removalOrder(features, state);
     for (auto _ : state) {
         state.PauseTiming();
@@ -235,6 +259,7 @@ void BM_GroupRemoveFromMemoryOneByOne(benchmark::State& state) {
             throw std::logic_error("expected one event per removal");
         }
         group.reset();
+        settleHeap();
         state.ResumeTiming();
     }
     addPerFeatureCounter(state);
@@ -246,7 +271,7 @@ void BM_GroupRemoveFromMemoryOneByOne(benchmark::State& state) {
 // the delivery, is timed. Every round starts a new frame (untimed), so each member reports again,
 // as the members of a collection that is edited and drawn frame after frame do.
 void changedNotification(benchmark::State& state, bool timeRecording) {
-    const Features& features = featuresOf(state.range(0));
+    const Features& features = featuresOf(state);
     for (const auto& feature : features) {
         feature->_updateEntityInCull(false); // the first frame builds the entities
         benchmark::DoNotOptimize(feature->_takeAddedEntities());
@@ -293,16 +318,25 @@ void BM_CollectionChangedDelivery(benchmark::State& state) {
 
 } // namespace
 
-BENCHMARK(BM_CollectionAddSuspended)->Arg(1'000'000)->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_CollectionAddSuspended)
+    ->Args({1'000'000, 0})
+    ->Args({1'000'000, 1})
+    ->ArgNames({"features", "scattered"})
+    ->Iterations(5)
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_CollectionRemoveOneByOne)
-    ->Args({100'000, 0})
-    ->Args({100'000, 1})
-    ->ArgNames({"features", "shuffled"})
+    ->ArgsProduct({{100'000}, {0, 1}, {0, 1}})
+    ->ArgNames({"features", "scattered", "shuffled"})
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_GroupRemoveFromMemoryOneByOne)
-    ->Args({100'000, 0})
-    ->Args({100'000, 1})
-    ->ArgNames({"features", "shuffled"})
+    ->ArgsProduct({{100'000}, {0, 1}, {0, 1}})
+    ->ArgNames({"features", "scattered", "shuffled"})
     ->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_CollectionChangedNotification)->Arg(100'000)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_CollectionChangedDelivery)->Arg(100'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_CollectionChangedNotification)
+    ->ArgsProduct({{100'000}, {0, 1}})
+    ->ArgNames({"features", "scattered"})
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_CollectionChangedDelivery)
+    ->ArgsProduct({{100'000}, {0, 1}})
+    ->ArgNames({"features", "scattered"})
+    ->Unit(benchmark::kMillisecond);
