@@ -2,8 +2,10 @@
 
 #include "Data/DataExport.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace keo {
@@ -15,8 +17,10 @@ class Entity;
  * layer of the scene, and what a tree of features is attached to.
  *
  * Held through std::shared_ptr (feature trees keep a std::weak_ptr to it). A layer owns its root
- * entities in the order they were added, each at most once. It has no lock: it is edited on the
- * thread that updates the scene.
+ * entities in the order they were added, each at most once. Adding, finding and removing an
+ * entity take constant time on average (an index from entity to place beside the ordered list),
+ * so a renderer may keep 100,000s of roots in one layer. It has no lock: it is edited and read on
+ * the thread that updates the scene.
  */
 class KEO_DATA_API Layer final {
 public:
@@ -43,19 +47,27 @@ public:
      * for a null entity or one that the layer already holds.
      */
     bool addEntity(std::shared_ptr<Entity> entity);
-    /** @brief Removes @p entity; returns false when the layer does not hold it. */
+    /** @brief Removes @p entity (the others keep their order); false when the layer lacks it. */
     bool removeEntity(const Entity* entity);
     /** @brief Whether the layer holds @p entity as one of its root entities. */
     bool containsEntity(const Entity* entity) const noexcept;
     /** @brief Removes every entity. */
     void removeAllEntities() noexcept;
+    /** @brief The number of root entities. */
+    std::size_t getEntityCount() const noexcept { return places_.size(); }
     /** @brief The root entities in the order they were added. */
-    const std::vector<std::shared_ptr<Entity>>& getEntities() const noexcept { return entities_; }
+    const std::vector<std::shared_ptr<Entity>>& getEntities() const;
 
 private:
+    // Closes the gaps that removals left in entities_ and renumbers the places.
+    void compact() const;
+
     std::string name_;
     bool show_ = true;
-    std::vector<std::shared_ptr<Entity>> entities_;
+    // In the order added; a removal only empties its slot, and the gaps are closed when the list
+    // is read or when they make up half of it, so that a removal costs no shifting.
+    mutable std::vector<std::shared_ptr<Entity>> entities_;
+    mutable std::unordered_map<const Entity*, std::size_t> places_;
 };
 
 } // namespace keo

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -54,6 +56,48 @@ TEST(LayerTest, RemoveEntityReportsWhetherItWasHeld) {
     layer.addEntity(other);
     layer.removeAllEntities();
     EXPECT_TRUE(layer.getEntities().empty());
+}
+
+TEST(LayerTest, RemovingKeepsTheOthersInOrderAndReAddingAppends) {
+    Layer layer;
+    std::vector<std::shared_ptr<Entity>> entities;
+    for (const char* name : {"a", "b", "c", "d", "e"}) {
+        entities.push_back(std::make_shared<Entity>(name));
+        layer.addEntity(entities.back());
+    }
+    EXPECT_TRUE(layer.removeEntity(entities[1].get()));
+    EXPECT_TRUE(layer.removeEntity(entities[3].get()));
+    EXPECT_TRUE(layer.addEntity(entities[1]));
+    EXPECT_EQ(layer.getEntityCount(), 4u);
+    std::string order;
+    for (const auto& entity : layer.getEntities()) {
+        order += entity->getName();
+    }
+    EXPECT_EQ(order, "aceb");
+    EXPECT_FALSE(layer.containsEntity(entities[3].get()));
+    EXPECT_TRUE(layer.containsEntity(entities[1].get()));
+}
+
+TEST(LayerTest, ManyRootsCanBeAddedAndRemovedInAnyOrder) {
+    Layer layer;
+    std::vector<std::shared_ptr<Entity>> entities;
+    for (int i = 0; i < 10'000; ++i) {
+        entities.push_back(std::make_shared<Entity>(std::to_string(i)));
+        ASSERT_TRUE(layer.addEntity(entities.back()));
+    }
+    // Remove every entity whose number is not a multiple of 3, from the back.
+    for (int i = 9'999; i >= 0; --i) {
+        if (i % 3 != 0) {
+            ASSERT_TRUE(layer.removeEntity(entities[static_cast<std::size_t>(i)].get()));
+        }
+    }
+    const auto& kept = layer.getEntities();
+    ASSERT_EQ(kept.size(), 3'334u);
+    for (std::size_t k = 0; k < kept.size(); ++k) {
+        EXPECT_EQ(kept[k], entities[3 * k]);
+        EXPECT_TRUE(layer.containsEntity(kept[k].get()));
+    }
+    EXPECT_FALSE(layer.removeEntity(entities[1].get()));
 }
 
 } // namespace
