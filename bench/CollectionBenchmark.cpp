@@ -20,6 +20,7 @@
 #include "Feature/Feature.h"
 #include "Feature/FeatureCollection.h"
 #include "Feature/FeatureGroup.h"
+#include "Feature/FlatIdMap.h"
 #include "Feature/LabelSymbol.h"
 #include "Feature/PointGeometry.h"
 #include "Feature/PointStyle.h"
@@ -32,11 +33,14 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
+#include <list>
 #include <memory>
 #include <random>
 #include <stdexcept>
 #include <string>
 #include <tuple>
+#include <unordered_map>
 #include <vector>
 
 namespace {
@@ -316,6 +320,46 @@ void BM_CollectionChangedDelivery(benchmark::State& state) {
     changedNotification(state, false);
 }
 
+// For reference, the least that adding a member takes in any design that keeps the members as a
+// list in insertion order plus a hash index from id to list position: one index insertion and one
+// list append per feature, nothing else (no subscription, no batch). Argument "index": 0 the
+// collection's flat index, 1 std::unordered_map.
+template <typename Index>
+void insertIntoIndexAndList(const Features& features) {
+    Index index;
+    std::list<std::shared_ptr<Feature>> list;
+    for (const auto& feature : features) {
+        list.push_back(feature);
+        index[feature->getId()] = std::prev(list.end());
+    }
+    benchmark::DoNotOptimize(index.size());
+    benchmark::ClobberMemory();
+}
+
+using ListPosition = std::list<std::shared_ptr<Feature>>::iterator;
+
+// A FlatIdMap with the subscript access the template above uses.
+struct FlatIndex {
+    keo::Feature::detail::FlatIdMap<ListPosition> map;
+    ListPosition& operator[](std::uint64_t id) { return *map.tryEmplace(id).first; }
+    std::size_t size() const { return map.size(); }
+};
+
+void BM_ReferenceIndexAndListInsert(benchmark::State& state) {
+    const Features& features = featuresOf(state);
+    for (auto _ : state) {
+        if (state.range(2) == 0) {
+            insertIntoIndexAndList<FlatIndex>(features);
+        } else {
+            insertIntoIndexAndList<std::unordered_map<std::uint64_t, ListPosition>>(features);
+        }
+        state.PauseTiming();
+        settleHeap();
+        state.ResumeTiming();
+    }
+    addPerFeatureCounter(state);
+}
+
 } // namespace
 
 BENCHMARK(BM_CollectionAddSuspended)
@@ -339,4 +383,9 @@ BENCHMARK(BM_CollectionChangedNotification)
 BENCHMARK(BM_CollectionChangedDelivery)
     ->ArgsProduct({{100'000}, {0, 1}})
     ->ArgNames({"features", "scattered"})
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ReferenceIndexAndListInsert)
+    ->ArgsProduct({{1'000'000}, {0}, {0, 1}})
+    ->ArgNames({"features", "scattered", "index"})
+    ->Iterations(5)
     ->Unit(benchmark::kMillisecond);
