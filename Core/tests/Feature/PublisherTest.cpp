@@ -302,4 +302,17 @@ TEST(PublisherTest, HandlesLockedOnAnotherThreadWhileTheEventGoesAwayDisconnectS
     }
 }
 
+TEST(PublisherTest, ListenerRemovedOutsideAFiringReleasesWhatItCapturedAtOnce) {
+    VoidEvent event;
+    const auto token = std::make_shared<int>(1);
+    const std::weak_ptr<int> watch = token;
+    const auto handle = event.addEventListener([token] {});
+    const auto held = handle.lock(); // a handle locked elsewhere keeps the wrapper alive
+    ASSERT_NE(held, nullptr);
+    held->remove();
+    EXPECT_FALSE(held->isConnected());
+    EXPECT_EQ(watch.use_count(), 1); // the wrapper lives on, its callback does not
+    EXPECT_EQ(event.getListenerCount(), 0u);
+}
+
 } // namespace
