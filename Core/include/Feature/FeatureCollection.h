@@ -5,7 +5,6 @@
 #include "Feature/OrderedIdMap.h"
 #include "Feature/Publisher.h"
 
-#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <list>
@@ -33,8 +32,10 @@ class Feature;
  * Threads: every operation takes the collection's recursive mutex, and listeners are notified
  * with it held (they may call the collection again). A feature reports its changes while holding
  * its own lock, so the lock order is feature, then collection: the collection never takes a
- * feature's lock (nor the lock of a feature's event) while holding its own, except when a
- * listener notified under the collection's lock calls add or remove.
+ * feature's lock while holding its own, except when a listener notified under the collection's
+ * lock edits a feature. Adding a member links the collection's listener to the feature's event
+ * under the collection's lock; the event's own lock is held only for that link and never while
+ * anything is called, so it closes no cycle.
  *
  * Misuse throws keo::InvalidParametersException with error code 2.
  */
@@ -175,7 +176,7 @@ private:
     detail::OrderedIdMap<Feature*> changed_;
     std::unique_ptr<Publisher<CollectionChangedCallback>> collectionChanged_;
     mutable std::recursive_mutex mutex_;
-    std::atomic<std::uint64_t> nextSerial_{0};
+    std::uint64_t nextSerial_ = 0; // guarded by the mutex
 };
 
 } // namespace keo::Feature

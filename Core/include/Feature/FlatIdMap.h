@@ -1,7 +1,11 @@
 #pragma once
 
+#include "Feature/BlockArray.h"
+
 #include <cstddef>
 #include <cstdint>
+#include <limits>
+#include <stdexcept>
 #include <utility>
 #include <vector>
 
@@ -9,15 +13,24 @@
 namespace keo::Feature::detail {
 
 /**
- * @brief A hash map from a 64-bit key (an id, or an address) to a value, kept in one array of
- * slots: open addressing with linear probing.
+ * @brief A hash map from a 64-bit key (an id, or an address) to a value.
  *
- * Node-based maps spend an allocation per entry and a cache miss per look-up on a node that may
- * lie anywhere on the heap; here an entry is found in the slot its key hashes to or in the next
- * few, which share a cache line or lie in the next one, and adding or erasing allocates nothing
- * except when the array grows (it doubles, so the cost per entry stays constant on average).
- * Erasing shifts the entries that follow back (no tombstones), so look-ups never slow down after
- * many erasures. Every key is allowed, 0 included.
+ * The entries (key and value) are kept densely, in the order they were made except that erasing
+ * one moves the last entry into its place. The hash index beside them is an array of 8-byte
+ * slots, each holding the high half of its key's hash and the position of its entry: open
+ * addressing with linear probing.
+ *
+ * Why this form: at a million entries the index no longer fits in any cache, so each look-up of
+ * a random id costs a memory access; 8-byte slots keep the index (16 MB for a million entries)
+ * within reach of the last-level cache where wider slots would not, and a fresh index costs
+ * fewer page faults. The hash half in each slot rejects a slot of another key without reading
+ * its entry, so adding a new key reads no entry at all, and growing rehashes from the slots alone.
+ * A node-based map would instead spend an allocation per entry and a miss per look-up on a node
+ * that may lie anywhere on the heap.
+ *
+ * Erasing shifts the slots that follow back (no tombstones), so look-ups never slow down after
+ * many erasures. Every key is allowed, 0 included. At most 2^32 - 2 entries; beyond that
+ * tryEmplace throws std::length_error.
  *
  * Pointers to values stay valid until the next insertion or erasure.
  *
@@ -26,22 +39,49 @@ namespace keo::Feature::detail {
 template <typename V>
 class FlatIdMap final {
 public:
+    /**
+     * @brief The multiplier of the hash (Fibonacci hashing: the key times 2^64 divided by the
+     * golden ratio, of which the high bits are used). It spreads consecutive ids and aligned
+     * addresses (whose low bits are all alike) evenly, with one multiplication.
+     */
+    static constexpr std::uint64_t HASH_MULTIPLIER = 0x9E3779B97F4A7C15ULL;
+
+    FlatIdMap() = default;
+    FlatIdMap(const FlatIdMap&) = delete;
+    FlatIdMap& operator=(const FlatIdMap&) = delete;
+    ~FlatIdMap() = default;
+
     /** @brief The value under @p key, or null. */
     V* find(std::uint64_t key) noexcept {
         const std::size_t slot = slotOf(key);
-        return slot == NOT_FOUND ? nullptr : &slots_[slot].value;
+        return slot == NOT_FOUND ? nullptr : &entries_[positionIn(slots_[slot])].value;
     }
     /** @brief The value under @p key, or null. */
     const V* find(std::uint64_t key) const noexcept {
         const std::size_t slot = slotOf(key);
-        return slot == NOT_FOUND ? nullptr : &slots_[slot].value;
+        return slot == NOT_FOUND ? nullptr : &entries_[positionIn(slots_[slot])].value;
     }
     /** @brief Whether a value is held under @p key. */
     bool contains(std::uint64_t key) const noexcept { return slotOf(key) != NOT_FOUND; }
 
     /**
+     * @brief Asks the processor to fetch the index slot where a look-up of @p key starts, so
+     * that the look-up that follows (after other work) finds it in the cache. Changes nothing.
+     */
+    void prefetch(std::uint64_t key) const noexcept {
+#if defined(__GNUC__) || defined(__clang__)
+        if (!slots_.empty()) {
+            __builtin_prefetch(&slots_[homeOfTag(tagOf(key))]);
+        }
+#else
+        static_cast<void>(key);
+#endif
+    }
+
+    /**
      * @brief The value under @p key, made (default-constructed) when none is held; the flag tells
      * whether it was made.
+     * @throws std::length_error when 2^32 - 2 entries are held already; std::bad_alloc.
      */
     std::pair<V*, bool> tryEmplace(std::uint64_t key) {
         // Grown before probing, so that the slot found stays where it is. Linear probing keeps
@@ -49,17 +89,24 @@ public:
         if ((size_ + 1) * 4 > slots_.size() * 3) {
             grow();
         }
-        std::size_t slot = home(key);
-        while (slots_[slot].used) {
-            if (slots_[slot].key == key) {
-                return {&slots_[slot].value, false};
+        const std::uint32_t tag = tagOf(key);
+        std::size_t slot = homeOfTag(tag);
+        for (; slots_[slot] != EMPTY; slot = next(slot)) {
+            if (tagIn(slots_[slot]) == tag) {
+                Entry& entry = entries_[positionIn(slots_[slot])];
+                if (entry.key == key) {
+                    return {&entry.value, false};
+                }
             }
-            slot = next(slot);
         }
-        slots_[slot].key = key;
-        slots_[slot].used = true;
+        if (size_ >= MAX_ENTRIES) {
+            throw std::length_error("FlatIdMap: too many entries");
+        }
+        Entry& entry = entries_.emplaceBack();
+        entry.key = key;
+        slots_[slot] = slotFor(tag, size_);
         ++size_;
-        return {&slots_[slot].value, true};
+        return {&entry.value, true};
     }
 
     /** @brief Erases the value under @p key; returns whether one was held. */
@@ -78,7 +125,7 @@ public:
         if (slot == NOT_FOUND) {
             return false;
         }
-        out = std::move(slots_[slot].value);
+        out = std::move(entries_[positionIn(slots_[slot])].value);
         eraseSlot(slot);
         return true;
     }
@@ -86,105 +133,153 @@ public:
     /** @brief Calls @p visit(key, value) for every entry, in no particular order. */
     template <typename Visit>
     void forEach(Visit&& visit) {
-        for (Slot& slot : slots_) {
-            if (slot.used) {
-                visit(slot.key, slot.value);
-            }
+        for (std::size_t n = 0; n < size_; ++n) {
+            Entry& entry = entries_[n];
+            visit(entry.key, entry.value);
         }
     }
 
     /**
-     * @brief Erases every entry. A large array is released rather than emptied slot by slot, so
+     * @brief Erases every entry. A large index is released rather than emptied slot by slot, so
      * that a map that once held many entries does not make each later clear pay for them.
      */
     void clear() noexcept {
         constexpr std::size_t SMALL_SLOT_COUNT = 1024;
         if (slots_.size() > SMALL_SLOT_COUNT) {
-            std::vector<Slot>().swap(slots_);
-            shift_ = 64;
+            std::vector<std::uint64_t>().swap(slots_);
+            tagShift_ = 32;
         } else if (size_ != 0) {
-            for (Slot& slot : slots_) {
-                slot = Slot{};
+            for (std::uint64_t& slot : slots_) {
+                slot = EMPTY;
             }
         }
+        entries_.clear();
         size_ = 0;
     }
 
     /** @brief Whether no entry is held. */
-    bool empty() const noexcept { return size_ == 0; }
+    bool empty() const noexcept {
+        return size_ == 0;
+    }
     /** @brief The number of entries. */
-    std::size_t size() const noexcept { return size_; }
+    std::size_t size() const noexcept {
+        return size_;
+    }
 
 private:
-    struct Slot {
+    struct Entry {
         std::uint64_t key = 0;
         V value{};
-        bool used = false;
     };
 
+    // A slot: the high half of the key's hash (the tag) in its upper 32 bits, the entry's
+    // position plus one in its lower 32 bits; 0 is an unused slot.
+    static constexpr std::uint64_t EMPTY = 0;
     static constexpr std::size_t NOT_FOUND = ~std::size_t{0};
     static constexpr std::size_t FIRST_SLOT_COUNT = 16;
+    static constexpr std::size_t MAX_ENTRIES = std::numeric_limits<std::uint32_t>::max() - 1;
+    // The index never exceeds 2^32 slots, so a slot's home is always a prefix of its tag.
+    static constexpr std::uint64_t MAX_SLOTS = std::uint64_t{1} << 32U;
 
-    // Fibonacci hashing: the key times 2^64 divided by the golden ratio, of which the top bits
-    // index the slot. It spreads consecutive ids and aligned addresses (whose low bits are all
-    // alike) evenly over the slots, with one multiplication.
-    std::size_t home(std::uint64_t key) const noexcept {
-        constexpr std::uint64_t GOLDEN = 0x9E3779B97F4A7C15ULL;
-        return static_cast<std::size_t>((key * GOLDEN) >> shift_);
+    static std::uint32_t tagOf(std::uint64_t key) noexcept {
+        return static_cast<std::uint32_t>((key * HASH_MULTIPLIER) >> 32U);
     }
-    std::size_t next(std::size_t slot) const noexcept { return (slot + 1) & (slots_.size() - 1); }
+    static std::uint32_t tagIn(std::uint64_t slot) noexcept {
+        return static_cast<std::uint32_t>(slot >> 32U);
+    }
+    static std::size_t positionIn(std::uint64_t slot) noexcept {
+        return static_cast<std::size_t>(slot & 0xFFFFFFFFULL) - 1;
+    }
+    static std::uint64_t slotFor(std::uint32_t tag, std::size_t position) noexcept {
+        return (std::uint64_t{tag} << 32U) | (static_cast<std::uint64_t>(position) + 1);
+    }
+
+    // The slot where probing for a key with @p tag starts: the tag's top bits.
+    std::size_t homeOfTag(std::uint32_t tag) const noexcept {
+        return static_cast<std::size_t>(tag >> tagShift_);
+    }
+    std::size_t next(std::size_t slot) const noexcept {
+        return (slot + 1) & (slots_.size() - 1);
+    }
 
     std::size_t slotOf(std::uint64_t key) const noexcept {
         if (size_ == 0) {
             return NOT_FOUND;
         }
-        for (std::size_t slot = home(key); slots_[slot].used; slot = next(slot)) {
-            if (slots_[slot].key == key) {
+        const std::uint32_t tag = tagOf(key);
+        for (std::size_t slot = homeOfTag(tag); slots_[slot] != EMPTY; slot = next(slot)) {
+            if (tagIn(slots_[slot]) == tag && entries_[positionIn(slots_[slot])].key == key) {
                 return slot;
             }
         }
         return NOT_FOUND;
     }
 
-    // Backward-shift deletion: each entry of the run after the hole that may move into it (its
-    // home slot does not lie cyclically between the hole and itself) does, leaving the hole at
-    // its old place, until the run ends. Every entry then stays reachable from its home slot
-    // without crossing an unused slot.
+    // Erases the entry of the slot @p hole and the slot itself.
     void eraseSlot(std::size_t hole) noexcept {
-        const std::size_t mask = slots_.size() - 1;
-        for (std::size_t slot = next(hole); slots_[slot].used; slot = next(slot)) {
-            const std::size_t distanceFromHome = (slot - home(slots_[slot].key)) & mask;
-            const std::size_t distanceFromHole = (slot - hole) & mask;
-            if (distanceFromHome >= distanceFromHole) {
-                slots_[hole] = std::move(slots_[slot]);
-                hole = slot;
+        const std::size_t position = positionIn(slots_[hole]);
+        shiftBackInto(hole);
+        // The last entry fills the gap, and its slot is told its new position.
+        const std::size_t last = size_ - 1;
+        if (position != last) {
+            Entry& moved = entries_[position];
+            moved = std::move(entries_[last]);
+            const std::uint64_t lastSlot = slotFor(tagOf(moved.key), last);
+            std::size_t slot = homeOfTag(tagIn(lastSlot));
+            while (slots_[slot] != lastSlot) {
+                slot = next(slot);
             }
+            slots_[slot] = slotFor(tagIn(lastSlot), position);
         }
-        slots_[hole] = Slot{};
+        entries_.popBack();
         --size_;
     }
 
-    void grow() {
-        std::vector<Slot> old(slots_.empty() ? FIRST_SLOT_COUNT : slots_.size() * 2);
-        old.swap(slots_);
-        shift_ = 64;
-        for (std::size_t count = slots_.size(); count > 1; count /= 2) {
-            --shift_;
+    // Backward-shift deletion: each slot of the run after the hole that may move into it (its
+    // home does not lie cyclically between the hole and itself) does, leaving the hole at its
+    // old place, until the run ends. Every key then stays reachable from its home slot without
+    // crossing an unused slot.
+    void shiftBackInto(std::size_t hole) noexcept {
+        const std::size_t mask = slots_.size() - 1;
+        for (std::size_t slot = next(hole); slots_[slot] != EMPTY; slot = next(slot)) {
+            const std::size_t distanceFromHome = (slot - homeOfTag(tagIn(slots_[slot]))) & mask;
+            const std::size_t distanceFromHole = (slot - hole) & mask;
+            if (distanceFromHome >= distanceFromHole) {
+                slots_[hole] = slots_[slot];
+                hole = slot;
+            }
         }
-        for (Slot& entry : old) {
-            if (entry.used) {
-                std::size_t slot = home(entry.key);
-                while (slots_[slot].used) {
+        slots_[hole] = EMPTY;
+    }
+
+    // Doubles the index and re-places every slot by its tag alone: no entry is read.
+    void grow() {
+        const std::size_t count = slots_.empty() ? FIRST_SLOT_COUNT : slots_.size() * 2;
+        if (static_cast<std::uint64_t>(count) > MAX_SLOTS) {
+            throw std::length_error("FlatIdMap: too many entries");
+        }
+        std::vector<std::uint64_t> old(count, EMPTY);
+        old.swap(slots_);
+        tagShift_ = 32;
+        for (std::size_t slots = count; slots > 1; slots /= 2) {
+            --tagShift_;
+        }
+        for (const std::uint64_t entry : old) {
+            if (entry != EMPTY) {
+                std::size_t slot = homeOfTag(tagIn(entry));
+                while (slots_[slot] != EMPTY) {
                     slot = next(slot);
                 }
-                slots_[slot] = std::move(entry);
+                slots_[slot] = entry;
             }
         }
     }
 
-    std::vector<Slot> slots_;
+    std::vector<std::uint64_t> slots_;
+    BlockArray<Entry> entries_;
     std::size_t size_ = 0;
-    unsigned shift_ = 64;
+    // The shift that turns a tag into a home slot: 32 minus log2 of the slot count.
+    unsigned tagShift_ = 32;
 };
 
 } // namespace keo::Feature::detail

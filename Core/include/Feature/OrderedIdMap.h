@@ -21,6 +21,11 @@ struct NoExtra {};
  * that look-up, appending and erasing by id take constant time on average and iteration follows
  * the order of insertion.
  *
+ * Values whose id the caller knows to be new can be appended without indexing them
+ * (appendUnindexed): the index catches up with them when a look-up or an erasure next needs it.
+ * A batch that is only appended to and then taken whole (a bulk load) so never pays for an
+ * index, and one that is looked up pays for each value once, as it would have on insertion.
+ *
  * The list's nodes can be handed back after their values were moved out with takeValues
  * (recycle): later insertions reuse them instead of allocating, which spares a batch that is
  * filled and emptied again and again an allocation and a release per value.
@@ -34,18 +39,21 @@ public:
     /** @brief The list of values in insertion order. */
     using ValueList = std::list<T>;
 
-    /** @brief Whether a value with @p id is held. */
-    bool contains(std::uint64_t id) const noexcept { return index_.contains(id); }
+    /** @brief Whether a value with @p id is held. @throws std::bad_alloc (catching up). */
+    bool contains(std::uint64_t id) const { return indexed().contains(id); }
 
-    /** @brief The value with @p id, or null. */
+    /** @brief Starts fetching what a look-up of @p id reads first (see FlatIdMap::prefetch). */
+    void prefetch(std::uint64_t id) const noexcept { index_.prefetch(id); }
+
+    /** @brief The value with @p id, or null. @throws std::bad_alloc (catching up). */
     T find(std::uint64_t id) const {
-        const Entry* entry = index_.find(id);
+        const Entry* entry = indexed().find(id);
         return entry == nullptr ? T{} : *entry->position;
     }
 
     /** @brief The extra data of the value with @p id, or null when none is held. */
-    Extra* findExtra(std::uint64_t id) noexcept {
-        Entry* entry = index_.find(id);
+    Extra* findExtra(std::uint64_t id) {
+        Entry* entry = indexed().find(id);
         return entry == nullptr ? nullptr : &entry->extra;
     }
 
@@ -54,18 +62,33 @@ public:
      * returns null, and changes nothing, when a value with that id is held already.
      */
     Extra* insert(T value) {
-        const auto made = index_.tryEmplace(value->getId());
+        const std::uint64_t id = value->getId();
+        FlatIdMap<Entry>& index = indexed();
+        // The node is taken before the index is probed: taking it (an allocation, often) overlaps
+        // the fetch of the index slot that a prefetch started.
+        const auto position = pushBack(std::move(value));
+        std::pair<Entry*, bool> made;
+        try {
+            made = index.tryEmplace(id);
+        } catch (...) {
+            dropLast();
+            throw;
+        }
         if (!made.second) {
+            dropLast();
             return nullptr;
         }
-        if (spare_.empty()) {
-            values_.push_back(std::move(value));
-        } else {
-            values_.splice(values_.end(), spare_, spare_.begin());
-            values_.back() = std::move(value);
-        }
-        made.first->position = std::prev(values_.end());
+        made.first->position = position;
         return &made.first->extra;
+    }
+
+    /**
+     * @brief Appends @p value (non-null), whose id the caller knows is not held, leaving it to
+     * the index to catch up later (see the class description). Its extra data is default-made.
+     */
+    void appendUnindexed(T value) {
+        pushBack(std::move(value));
+        ++unindexed_;
     }
 
     /**
@@ -74,11 +97,13 @@ public:
      */
     T extract(std::uint64_t id, Extra* extra = nullptr) {
         Entry entry;
-        if (!index_.take(id, entry)) {
+        if (!indexed().take(id, entry)) {
             return T{};
         }
-        T value = std::move(*entry.position);
-        values_.erase(entry.position);
+        // A const position made mutable at no cost: erasing the empty range returns it so.
+        const auto position = values_.erase(entry.position, entry.position);
+        T value = std::move(*position);
+        values_.erase(position);
         if (extra != nullptr) {
             *extra = std::move(entry.extra);
         }
@@ -93,6 +118,7 @@ public:
         ValueList taken;
         taken.swap(values_);
         index_.clear();
+        unindexed_ = 0;
         return taken;
     }
 
@@ -123,13 +149,15 @@ public:
     void clear() noexcept {
         values_.clear();
         index_.clear();
+        unindexed_ = 0;
     }
 
     /** @brief Calls @p visit(value, extra) for every value, in no particular order. */
     template <typename Visit>
     void forEachExtra(Visit&& visit) {
-        index_.forEach(
-            [&visit](std::uint64_t, Entry& entry) { visit(*entry.position, entry.extra); });
+        indexed().forEach([this, &visit](std::uint64_t, Entry& entry) {
+            visit(*values_.erase(entry.position, entry.position), entry.extra);
+        });
     }
 
     /** @brief The values in insertion order. */
@@ -141,12 +169,45 @@ public:
 
 private:
     struct Entry {
-        typename ValueList::iterator position{};
+        typename ValueList::const_iterator position{};
         Extra extra{};
     };
 
+    typename ValueList::iterator pushBack(T&& value) {
+        if (spare_.empty()) {
+            values_.push_back(std::move(value));
+        } else {
+            values_.splice(values_.end(), spare_, spare_.begin());
+            values_.back() = std::move(value);
+        }
+        return std::prev(values_.end());
+    }
+
+    // Takes the last node back (its value released) for later insertions.
+    void dropLast() noexcept {
+        values_.back() = T{};
+        spare_.splice(spare_.end(), values_, std::prev(values_.end()));
+    }
+
+    // The index, brought up to date with the values appended unindexed (the last unindexed_ of
+    // the list). Each value indexed counts at once, so a failed allocation leaves a consistent
+    // map whose next look-up goes on from there.
+    FlatIdMap<Entry>& indexed() const {
+        if (unindexed_ != 0) {
+            for (auto position = std::prev(values_.cend(), static_cast<std::ptrdiff_t>(unindexed_));
+                 position != values_.cend(); ++position) {
+                index_.tryEmplace((*position)->getId()).first->position = position;
+                --unindexed_;
+            }
+        }
+        return index_;
+    }
+
     ValueList values_;
-    FlatIdMap<Entry> index_;
+    // The index is brought up to date by look-ups, const ones included: it only caches where
+    // each value is and is never observed otherwise.
+    mutable FlatIdMap<Entry> index_;
+    mutable std::size_t unindexed_ = 0;
     ValueList spare_; // nodes kept for reuse; their values are null
 };
 

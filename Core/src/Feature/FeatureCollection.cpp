@@ -101,7 +101,7 @@ FeatureCollection::~FeatureCollection() {
 
 FeatureCollection::MemberSubscription FeatureCollection::subscribe(Feature& feature) {
     MemberSubscription subscription;
-    subscription.serial = nextSerial_.fetch_add(1, std::memory_order_relaxed);
+    subscription.serial = nextSerial_++;
     const std::uint64_t serial = subscription.serial;
     subscription.handle = feature._addDefinitionChangedEventListener(
         [this, serial](Feature* changed) { onMemberDefinitionChanged(changed, serial); });
@@ -123,22 +123,27 @@ std::shared_ptr<Feature> FeatureCollection::add(std::shared_ptr<Feature> feature
         throwInvalid("feature is required.", "FeatureCollection::add()", ADD_NULL_LINE);
     }
     const std::uint64_t id = feature->getId();
-    // Subscribed before the collection's lock is taken (see DeferredDisconnects); until the
-    // membership is stored below, the new listener records nothing.
-    MemberSubscription subscription = subscribe(*feature);
-    DeferredDisconnects disconnects;
     {
         const Lock lock(mutex_);
+        // The index slot of a random id is rarely in the cache when a collection is large: it
+        // is fetched while the subscription is made, which touches only the feature.
+        // Subscribing under the collection's lock is safe: the feature's event takes its own
+        // lock only to link the listener, and never holds it while calling out.
+        features_.prefetch(id);
+        MemberSubscription subscription = subscribe(*feature);
         if (MemberSubscription* stored = features_.insert(feature)) {
             *stored = std::move(subscription);
+            // A new member is in no batch yet (every member of the added batch is a member):
+            // it joins the added batch without a look-up there, unless it returns from the
+            // removed batch.
             if (!removed_.erase(id)) {
-                added_.insert(feature);
+                added_.appendUnindexed(feature);
             }
             fireChangedEvent();
             return feature;
         }
+        detail::disconnectListener(subscription.handle);
     }
-    disconnects.add(std::move(subscription.handle));
     throwInvalid("An feature with id " + std::to_string(id) + " already exists in this collection.",
                  "FeatureCollection::add()", ADD_DUPLICATE_LINE);
 }

@@ -1,5 +1,6 @@
-// The flat hash index of collections and groups: look-up, insertion, erasure (with the entries
-// after an erased one shifted back), growth and clearing, checked against std::unordered_map.
+// The flat hash index of collections and groups: look-up, insertion, erasure (with the slots
+// after an erased one shifted back and the last entry moved into the gap), growth and clearing,
+// keys whose hashes agree in their high bits, checked against std::unordered_map.
 
 #include "Feature/FlatIdMap.h"
 
@@ -130,6 +131,102 @@ TEST(FlatIdMapTest, ClearEmptiesSmallAndLargeMapsWhichStayUsable) {
         EXPECT_TRUE(map.tryEmplace(3).second);
         EXPECT_EQ(map.size(), 1u);
     }
+}
+
+// Keys whose hashes are 0, 1, 2, ...: their high bits, which pick the home slot and form the
+// check each slot keeps, are all alike, so every key lands in one long probe run and only the
+// stored key tells them apart.
+std::vector<std::uint64_t> keysWithAlikeHashes(std::size_t count) {
+    // The multiplier is odd, so it has an inverse modulo 2^64 (Newton's iteration doubles the
+    // number of correct low bits at each step: 5 steps from 3 bits reach 64).
+    const std::uint64_t multiplier = FlatIdMap<int>::HASH_MULTIPLIER;
+    std::uint64_t inverse = multiplier;
+    for (int step = 0; step < 5; ++step) {
+        inverse *= 2 - multiplier * inverse;
+    }
+    std::vector<std::uint64_t> keys;
+    for (std::uint64_t n = 0; n < count; ++n) {
+        keys.push_back(n * inverse);
+    }
+    return keys;
+}
+
+TEST(FlatIdMapTest, KeysWhoseHashesAgreeInTheirHighBitsAreToldApart) {
+    const std::vector<std::uint64_t> keys = keysWithAlikeHashes(600);
+    ASSERT_EQ(keys[1] * FlatIdMap<int>::HASH_MULTIPLIER, 1u);
+    FlatIdMap<std::string> map;
+    std::unordered_map<std::uint64_t, std::string> model;
+    for (const std::uint64_t key : keys) {
+        ASSERT_TRUE(map.tryEmplace(key).second);
+        *map.find(key) = std::to_string(key);
+        model[key] = std::to_string(key);
+    }
+    expectSameContent(map, model);
+    // Erasing from the middle of the run shifts the later keys back; each stays reachable.
+    for (std::size_t n = 0; n < keys.size(); n += 3) {
+        EXPECT_TRUE(map.erase(keys[n]));
+        model.erase(keys[n]);
+    }
+    expectSameContent(map, model);
+    EXPECT_FALSE(map.tryEmplace(keys[1]).second);
+    EXPECT_TRUE(map.tryEmplace(keys[0]).second);
+}
+
+TEST(FlatIdMapTest, ErasingMovesTheLastEntryIntoTheGapAndKeepsItFindable) {
+    FlatIdMap<std::string> map;
+    for (std::uint64_t key = 100; key < 140; ++key) {
+        *map.tryEmplace(key).first = "v" + std::to_string(key);
+    }
+    // The first entry made goes; the last one made takes its place in the dense entries.
+    EXPECT_TRUE(map.erase(100));
+    ASSERT_NE(map.find(139), nullptr);
+    EXPECT_EQ(*map.find(139), "v139");
+    std::string out;
+    EXPECT_TRUE(map.take(139, out)); // now the entry in the first place
+    EXPECT_EQ(out, "v139");
+    EXPECT_EQ(map.size(), 38u);
+    for (std::uint64_t key = 101; key < 139; ++key) {
+        ASSERT_NE(map.find(key), nullptr) << key;
+        EXPECT_EQ(*map.find(key), "v" + std::to_string(key));
+    }
+}
+
+TEST(FlatIdMapTest, GrowingAndShrinkingAcrossManyEntryBlocksKeepsEveryValue) {
+    // 20,000 entries span ten blocks of entries; erasing all but a few releases the later blocks,
+    // and the map grows again afterwards.
+    FlatIdMap<std::uint64_t> map;
+    std::mt19937_64 random(11);
+    std::vector<std::uint64_t> keys(20000);
+    for (auto& key : keys) {
+        key = random();
+        *map.tryEmplace(key).first = key ^ 0x5555U;
+    }
+    for (std::size_t n = 10; n < keys.size(); ++n) {
+        ASSERT_TRUE(map.erase(keys[n]));
+    }
+    EXPECT_EQ(map.size(), 10u);
+    for (std::size_t n = 0; n < 10; ++n) {
+        ASSERT_NE(map.find(keys[n]), nullptr);
+        EXPECT_EQ(*map.find(keys[n]), keys[n] ^ 0x5555U);
+    }
+    for (std::size_t n = 10; n < keys.size(); ++n) {
+        ASSERT_TRUE(map.tryEmplace(keys[n]).second);
+    }
+    EXPECT_EQ(map.size(), keys.size());
+    std::size_t visited = 0;
+    map.forEach([&visited](std::uint64_t, std::uint64_t&) { ++visited; });
+    EXPECT_EQ(visited, keys.size());
+}
+
+TEST(FlatIdMapTest, PrefetchChangesNothing) {
+    FlatIdMap<int> map;
+    map.prefetch(1); // an empty map has no index yet
+    *map.tryEmplace(1).first = 5;
+    map.prefetch(1);
+    map.prefetch(2);
+    EXPECT_EQ(map.size(), 1u);
+    EXPECT_EQ(*map.find(1), 5);
+    EXPECT_FALSE(map.contains(2));
 }
 
 } // namespace

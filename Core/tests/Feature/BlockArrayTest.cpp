@@ -1,0 +1,85 @@
+// The dense storage behind the hash index: entries appended across block boundaries keep their
+// values and addresses, and removing and clearing destroy exactly what was made.
+
+#include "Feature/BlockArray.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <vector>
+
+namespace {
+
+using keo::Feature::detail::BlockArray;
+
+// Counts the entries alive, to check that each one made is destroyed once.
+struct Counted {
+    static int alive;
+    Counted() { ++alive; }
+    ~Counted() { --alive; }
+    Counted(const Counted&) = delete;
+    Counted& operator=(const Counted&) = delete;
+    std::size_t value = 0;
+};
+int Counted::alive = 0;
+
+TEST(BlockArrayTest, EntriesAppendedAcrossBlocksKeepTheirValuesAndAddresses) {
+    BlockArray<std::size_t> array;
+    std::vector<const std::size_t*> addresses;
+    for (std::size_t n = 0; n < 5000; ++n) {
+        std::size_t& entry = array.emplaceBack();
+        EXPECT_EQ(entry, 0u); // default-made
+        entry = n * 3;
+        addresses.push_back(&entry);
+    }
+    ASSERT_EQ(array.size(), 5000u);
+    for (std::size_t n = 0; n < 5000; ++n) {
+        ASSERT_EQ(array[n], n * 3) << n;
+        EXPECT_EQ(&array[n], addresses[n]) << n; // growing moved nothing
+    }
+    const BlockArray<std::size_t>& constant = array;
+    EXPECT_EQ(constant[4999], 4999u * 3);
+}
+
+TEST(BlockArrayTest, PoppingAndClearingDestroyEveryEntryOnce) {
+    {
+        BlockArray<Counted> array;
+        for (std::size_t n = 0; n < 1000; ++n) {
+            array.emplaceBack().value = n;
+        }
+        EXPECT_EQ(Counted::alive, 1000);
+        for (std::size_t n = 0; n < 990; ++n) {
+            array.popBack();
+        }
+        EXPECT_EQ(Counted::alive, 10);
+        EXPECT_EQ(array.size(), 10u);
+        EXPECT_EQ(array[9].value, 9u);
+        // Appending again after blocks were released refills them.
+        for (std::size_t n = 10; n < 100; ++n) {
+            array.emplaceBack().value = n;
+        }
+        EXPECT_EQ(array[99].value, 99u);
+        array.clear();
+        EXPECT_EQ(Counted::alive, 0);
+        EXPECT_EQ(array.size(), 0u);
+        array.emplaceBack().value = 1;
+        EXPECT_EQ(Counted::alive, 1);
+    }
+    EXPECT_EQ(Counted::alive, 0); // the destructor destroyed the rest
+}
+
+TEST(BlockArrayTest, AppendingAndRemovingAtABlockBoundaryKeepsTheValues) {
+    BlockArray<std::size_t> array;
+    for (std::size_t n = 0; n < 16; ++n) {
+        array.emplaceBack() = n;
+    }
+    for (int round = 0; round < 100; ++round) {
+        array.emplaceBack() = 16; // the first entry of the second block
+        EXPECT_EQ(array[16], 16u);
+        array.popBack();
+    }
+    EXPECT_EQ(array.size(), 16u);
+    EXPECT_EQ(array[15], 15u);
+}
+
+} // namespace
