@@ -21,7 +21,10 @@ public:
     BlockArray(const BlockArray&) = delete;
     BlockArray& operator=(const BlockArray&) = delete;
     /** @brief Destroys the entries and releases the blocks. */
-    ~BlockArray() { clear(); }
+    ~BlockArray() {
+        clear();
+        releaseBlocksFrom(0);
+    }
 
     /** @brief Entry @p n (below size(); not checked). */
     T& operator[](std::size_t n) noexcept {
@@ -48,36 +51,28 @@ public:
     }
 
     /**
-     * @brief Destroys the last entry. A block is released once the entries have receded two
-     * blocks below it, so that appending and removing around a block boundary does not allocate
-     * and release the same block again and again.
+     * @brief Destroys every entry and releases every block but the first (16 entries), which is
+     * kept for the next entries: a small array filled and emptied again and again allocates once.
      */
-    void popBack() noexcept {
-        --size_;
-        (*this)[size_].~T();
-        while (blocks_.size() >= 2 &&
-               size_ <= blockStart(static_cast<unsigned>(blocks_.size()) - 2)) {
-            ::operator delete(blocks_.back());
-            blocks_.pop_back();
-        }
-    }
-
-    /** @brief Destroys every entry and releases every block. */
     void clear() noexcept {
         while (size_ > 0) {
             --size_;
             (*this)[size_].~T();
         }
-        for (T* block : blocks_) {
-            ::operator delete(block);
-        }
-        blocks_.clear();
+        releaseBlocksFrom(1);
     }
 
     /** @brief The number of entries. */
     std::size_t size() const noexcept { return size_; }
 
 private:
+    void releaseBlocksFrom(std::size_t first) noexcept {
+        while (blocks_.size() > first) {
+            ::operator delete(blocks_.back());
+            blocks_.pop_back();
+        }
+    }
+
     static constexpr std::size_t FIRST_BLOCK_LOG2 = 4;
 
     static constexpr std::size_t blockCapacity(unsigned block) noexcept {

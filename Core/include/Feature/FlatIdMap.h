@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <limits>
 #include <stdexcept>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -15,10 +16,10 @@ namespace keo::Feature::detail {
 /**
  * @brief A hash map from a 64-bit key (an id, or an address) to a value.
  *
- * The entries (key and value) are kept densely, in the order they were made except that erasing
- * one moves the last entry into its place. The hash index beside them is an array of 8-byte
- * slots, each holding the high half of its key's hash and the position of its entry: open
- * addressing with linear probing.
+ * The entries (key and value) are kept densely, in blocks that never move; an erased entry is
+ * left vacant and reused by a later insertion, so no entry ever moves. The hash index beside them
+ * is an array of 8-byte slots, each holding the high half of its key's hash and the position of its
+ * entry: open addressing with linear probing.
  *
  * Why this form: at a million entries the index no longer fits in any cache, so each look-up of
  * a random id costs a memory access; 8-byte slots keep the index (16 MB for a million entries)
@@ -32,12 +33,14 @@ namespace keo::Feature::detail {
  * many erasures. Every key is allowed, 0 included. At most 2^32 - 2 entries; beyond that
  * tryEmplace throws std::length_error.
  *
- * Pointers to values stay valid until the next insertion or erasure.
+ * Pointers to values stay valid until the value is erased or the map cleared.
  *
  * @tparam V a default-constructible, movable value type.
  */
 template <typename V>
 class FlatIdMap final {
+    static_assert(std::is_nothrow_move_assignable_v<V>, "erasing resets values without throwing");
+
 public:
     /**
      * @brief The multiplier of the hash (Fibonacci hashing: the key times 2^64 divided by the
@@ -71,7 +74,7 @@ public:
     void prefetch(std::uint64_t key) const noexcept {
 #if defined(__GNUC__) || defined(__clang__)
         if (!slots_.empty()) {
-            __builtin_prefetch(&slots_[homeOfTag(tagOf(key))]);
+            __builtin_prefetch(&slots_[homeOfTag(tagOf(key))], 1);
         }
 #else
         static_cast<void>(key);
@@ -99,13 +102,10 @@ public:
                 }
             }
         }
-        if (size_ >= MAX_ENTRIES) {
-            throw std::length_error("FlatIdMap: too many entries");
-        }
-        Entry& entry = entries_.emplaceBack();
-        entry.key = key;
-        slots_[slot] = slotFor(tag, size_);
+        const std::size_t position = makeEntry(key);
+        slots_[slot] = slotFor(tag, position);
         ++size_;
+        Entry& entry = entries_[position];
         return {&entry.value, true};
     }
 
@@ -133,9 +133,14 @@ public:
     /** @brief Calls @p visit(key, value) for every entry, in no particular order. */
     template <typename Visit>
     void forEach(Visit&& visit) {
-        for (std::size_t n = 0; n < size_; ++n) {
-            Entry& entry = entries_[n];
-            visit(entry.key, entry.value);
+        // In the order of the entries, which is mostly the order they were made: what the visits
+        // touch (and, at a teardown, release) is then touched in the order it was allocated.
+        const std::size_t count = entries_.size();
+        for (std::size_t position = 0; position < count; ++position) {
+            if (!isVacant(position)) {
+                Entry& entry = entries_[position];
+                visit(entry.key, entry.value);
+            }
         }
     }
 
@@ -153,7 +158,7 @@ public:
                 slot = EMPTY;
             }
         }
-        entries_.clear();
+        resetEntries(slots_.empty());
         size_ = 0;
     }
 
@@ -175,6 +180,7 @@ private:
     // A slot: the high half of the key's hash (the tag) in its upper 32 bits, the entry's
     // position plus one in its lower 32 bits; 0 is an unused slot.
     static constexpr std::uint64_t EMPTY = 0;
+    static constexpr std::size_t NO_ENTRY = ~std::size_t{0};
     static constexpr std::size_t NOT_FOUND = ~std::size_t{0};
     static constexpr std::size_t FIRST_SLOT_COUNT = 16;
     static constexpr std::size_t MAX_ENTRIES = std::numeric_limits<std::uint32_t>::max() - 1;
@@ -215,24 +221,62 @@ private:
         return NOT_FOUND;
     }
 
-    // Erases the entry of the slot @p hole and the slot itself.
+    // An entry for @p key: a vacant one when there is one, else a new one at the end.
+    std::size_t makeEntry(std::uint64_t key) {
+        std::size_t position = firstVacant_;
+        if (position != NO_ENTRY) {
+            firstVacant_ = static_cast<std::size_t>(entries_[position].key);
+            vacant_[position / 64] &= ~vacancyBit(position);
+        } else {
+            if (entries_.size() >= MAX_ENTRIES) {
+                throw std::length_error("FlatIdMap: too many entries");
+            }
+            position = entries_.size();
+            // The vacancy bits are made with the entries, so that erasing allocates nothing.
+            if (position % 64 == 0) {
+                vacant_.push_back(0);
+            }
+            entries_.emplaceBack();
+        }
+        entries_[position].key = key;
+        return position;
+    }
+
+    static std::uint64_t vacancyBit(std::size_t position) noexcept {
+        return std::uint64_t{1} << (position % 64);
+    }
+    bool isVacant(std::size_t position) const noexcept {
+        return (vacant_[position / 64] & vacancyBit(position)) != 0;
+    }
+
+    // Forgets every entry (none is in use); the storage of a large map is released.
+    void resetEntries(bool release) noexcept {
+        entries_.clear();
+        firstVacant_ = NO_ENTRY;
+        if (release) {
+            std::vector<std::uint64_t>().swap(vacant_);
+        } else {
+            vacant_.clear();
+        }
+    }
+
+    // Erases the entry of the slot @p hole and the slot itself. The entry stays where it is,
+    // vacant (its value released, its key field linking it to the next vacant entry), so no other
+    // entry moves and no other slot needs telling: erasing touches one entry and one probe run.
     void eraseSlot(std::size_t hole) noexcept {
         const std::size_t position = positionIn(slots_[hole]);
         shiftBackInto(hole);
-        // The last entry fills the gap, and its slot is told its new position.
-        const std::size_t last = size_ - 1;
-        if (position != last) {
-            Entry& moved = entries_[position];
-            moved = std::move(entries_[last]);
-            const std::uint64_t lastSlot = slotFor(tagOf(moved.key), last);
-            std::size_t slot = homeOfTag(tagIn(lastSlot));
-            while (slots_[slot] != lastSlot) {
-                slot = next(slot);
-            }
-            slots_[slot] = slotFor(tagIn(lastSlot), position);
-        }
-        entries_.popBack();
         --size_;
+        if (size_ == 0) {
+            // Nothing is left: the entries start afresh (the first block kept).
+            resetEntries(false);
+            return;
+        }
+        Entry& entry = entries_[position];
+        entry.value = V{};
+        entry.key = static_cast<std::uint64_t>(firstVacant_);
+        firstVacant_ = position;
+        vacant_[position / 64] |= vacancyBit(position);
     }
 
     // Backward-shift deletion: each slot of the run after the hole that may move into it (its
@@ -277,7 +321,11 @@ private:
 
     std::vector<std::uint64_t> slots_;
     BlockArray<Entry> entries_;
-    std::size_t size_ = 0;
+    std::size_t size_ = 0; // the entries in use
+    // The first vacant entry (each links to the next through its key field), or NO_ENTRY.
+    std::size_t firstVacant_ = NO_ENTRY;
+    // One bit per entry, set while it is vacant.
+    std::vector<std::uint64_t> vacant_;
     // The shift that turns a tag into a home slot: 32 minus log2 of the slot count.
     unsigned tagShift_ = 32;
 };

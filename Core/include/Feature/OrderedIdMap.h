@@ -91,6 +91,12 @@ public:
         ++unindexed_;
     }
 
+    /** @brief Takes back the last value appended by appendUnindexed (there must be one). */
+    void dropLastUnindexed() noexcept {
+        --unindexed_;
+        dropLast();
+    }
+
     /**
      * @brief Takes the value with @p id out and returns it, its extra data moved into @p extra
      * when given; null when none is held.

@@ -131,16 +131,21 @@ std::shared_ptr<Feature> FeatureCollection::add(std::shared_ptr<Feature> feature
         // lock only to link the listener, and never holds it while calling out.
         features_.prefetch(id);
         MemberSubscription subscription = subscribe(*feature);
+        // A new member is in no batch yet (every member of the added batch is a member): it
+        // joins the added batch without a look-up there, unless it returns from the removed
+        // batch. That is done before the member look-up, to give the slot more time to arrive,
+        // and undone for a duplicate (which can be in neither batch).
+        const bool returning = removed_.erase(id);
+        if (!returning) {
+            added_.appendUnindexed(feature);
+        }
         if (MemberSubscription* stored = features_.insert(feature)) {
             *stored = std::move(subscription);
-            // A new member is in no batch yet (every member of the added batch is a member):
-            // it joins the added batch without a look-up there, unless it returns from the
-            // removed batch.
-            if (!removed_.erase(id)) {
-                added_.appendUnindexed(feature);
-            }
             fireChangedEvent();
             return feature;
+        }
+        if (!returning) {
+            added_.dropLastUnindexed();
         }
         detail::disconnectListener(subscription.handle);
     }

@@ -180,6 +180,22 @@ TEST_F(FeatureCollectionTest, AddingSecondFeatureWithExistingIdThrowsEvenForAnot
     EXPECT_TRUE(notifications.batches.empty());
 }
 
+TEST_F(FeatureCollectionTest, ARejectedDuplicateLeavesTheWaitingBatchesAsTheyWere) {
+    const auto returning = member(5);
+    collection.suspendEvents();
+    collection.add(makeFeature(1));
+    collection.add(makeFeature(2));
+    collection.remove(*returning);
+    expectInvalidParameters([&] { collection.add(makeFeature(2)); },
+                            "An feature with id 2 already exists in this collection.",
+                            "FeatureCollection::add()", 63);
+    collection.add(makeFeature(3));
+    collection.add(returning); // back from the removed batch: in neither batch
+    collection.resumeEvents();
+    EXPECT_EQ(notifications.batches, Batches{addedOnly({1, 2, 3})});
+    EXPECT_EQ(idsOf(collection.getValues()), (Ids{1, 2, 3, 5}));
+}
+
 TEST_F(FeatureCollectionTest, AddingTheSameObjectTwiceThrows) {
     const auto feature = member(18446744073709551615u);
     expectInvalidParameters(

@@ -1,5 +1,5 @@
 // The flat hash index of collections and groups: look-up, insertion, erasure (with the slots
-// after an erased one shifted back and the last entry moved into the gap), growth and clearing,
+// after an erased one shifted back and its entry left vacant for reuse), growth and clearing,
 // keys whose hashes agree in their high bits, checked against std::unordered_map.
 
 #include "Feature/FlatIdMap.h"
@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <memory>
 #include <random>
 #include <string>
 #include <unordered_map>
@@ -172,28 +173,51 @@ TEST(FlatIdMapTest, KeysWhoseHashesAgreeInTheirHighBitsAreToldApart) {
     EXPECT_TRUE(map.tryEmplace(keys[0]).second);
 }
 
-TEST(FlatIdMapTest, ErasingMovesTheLastEntryIntoTheGapAndKeepsItFindable) {
+TEST(FlatIdMapTest, ErasedEntriesAreReusedAndOtherValuesStayWhereTheyAre) {
     FlatIdMap<std::string> map;
     for (std::uint64_t key = 100; key < 140; ++key) {
         *map.tryEmplace(key).first = "v" + std::to_string(key);
     }
-    // The first entry made goes; the last one made takes its place in the dense entries.
+    const std::string* kept = map.find(139);
     EXPECT_TRUE(map.erase(100));
-    ASSERT_NE(map.find(139), nullptr);
-    EXPECT_EQ(*map.find(139), "v139");
-    std::string out;
-    EXPECT_TRUE(map.take(139, out)); // now the entry in the first place
-    EXPECT_EQ(out, "v139");
-    EXPECT_EQ(map.size(), 38u);
-    for (std::uint64_t key = 101; key < 139; ++key) {
-        ASSERT_NE(map.find(key), nullptr) << key;
-        EXPECT_EQ(*map.find(key), "v" + std::to_string(key));
+    EXPECT_TRUE(map.erase(120));
+    EXPECT_EQ(map.find(139), kept); // erasing moved no other value
+    // New keys take the vacant entries, with fresh values.
+    const auto first = map.tryEmplace(500);
+    const auto second = map.tryEmplace(501);
+    ASSERT_TRUE(first.second);
+    ASSERT_TRUE(second.second);
+    EXPECT_EQ(*first.first, "");
+    EXPECT_EQ(*second.first, "");
+    *first.first = "v500";
+    EXPECT_EQ(map.find(139), kept);
+    EXPECT_EQ(map.size(), 40u);
+    for (std::uint64_t key = 101; key < 140; ++key) {
+        if (key != 120) {
+            ASSERT_NE(map.find(key), nullptr) << key;
+            EXPECT_EQ(*map.find(key), "v" + std::to_string(key));
+        }
     }
+    EXPECT_EQ(*map.find(500), "v500");
+    EXPECT_FALSE(map.contains(100));
+    EXPECT_FALSE(map.contains(120));
 }
 
-TEST(FlatIdMapTest, GrowingAndShrinkingAcrossManyEntryBlocksKeepsEveryValue) {
-    // 20,000 entries span ten blocks of entries; erasing all but a few releases the later blocks,
-    // and the map grows again afterwards.
+TEST(FlatIdMapTest, AValueErasedIsReleasedAtOnce) {
+    FlatIdMap<std::shared_ptr<int>> map;
+    const auto value = std::make_shared<int>(3);
+    *map.tryEmplace(1).first = value;
+    *map.tryEmplace(2).first = value;
+    EXPECT_EQ(value.use_count(), 3);
+    EXPECT_TRUE(map.erase(1));
+    EXPECT_EQ(value.use_count(), 2);
+    EXPECT_TRUE(map.erase(2)); // the last one: the map empties
+    EXPECT_EQ(value.use_count(), 1);
+}
+
+TEST(FlatIdMapTest, ErasingMostEntriesAndFillingThemAgainKeepsEveryValue) {
+    // 20,000 entries span ten blocks of entries; erasing all but ten leaves vacant entries that
+    // the insertions afterwards fill again.
     FlatIdMap<std::uint64_t> map;
     std::mt19937_64 random(11);
     std::vector<std::uint64_t> keys(20000);

@@ -97,6 +97,18 @@ TEST(OrderedIdMapTest, ValuesAppendedUnindexedAreFoundErasedAndVisited) {
     EXPECT_EQ(visited.size(), 3u);
 }
 
+TEST(OrderedIdMapTest, TheLastValueAppendedUnindexedCanBeTakenBack) {
+    Map map;
+    map.appendUnindexed(std::make_shared<Item>(1));
+    const auto item = std::make_shared<Item>(2);
+    map.appendUnindexed(item);
+    map.dropLastUnindexed();
+    EXPECT_EQ(item.use_count(), 1);
+    EXPECT_EQ(idsOf(map.values()), (std::vector<std::uint64_t>{1}));
+    EXPECT_FALSE(map.contains(2));
+    EXPECT_TRUE(map.contains(1));
+}
+
 TEST(OrderedIdMapTest, TakeValuesEmptiesTheMapIndexAndUnindexedValuesAlike) {
     Map map;
     map.insert(std::make_shared<Item>(1));
