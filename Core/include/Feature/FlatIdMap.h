@@ -2,6 +2,8 @@
 
 #include "Feature/BlockArray.h"
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -28,6 +30,18 @@ namespace keo::Feature::detail {
  * its entry, so adding a new key reads no entry at all, and growing rehashes from the slots alone.
  * A node-based map would instead spend an allocation per entry and a miss per look-up on a node
  * that may lie anywhere on the heap.
+ *
+ * A filter beside the index (one byte per slot; each key sets two bits of one 64-bit word,
+ * picked from its hash) proves most absent keys absent without touching the index. Insertions
+ * ask it (look-ups do not: a key looked up is mostly held): an insertion of a new key then reads
+ * nothing of the index, and its slot is written later,
+ * together with those of the next few new keys, so that their cache misses overlap instead of
+ * following one another (a bulk load of a million random ids would otherwise wait for memory
+ * once per id). A few percent of absent keys find both bits set and are looked up as usual.
+ * Erased keys leave their bits set until the filter is rebuilt, which happens once a quarter of
+ * the slot count has been erased since the last rebuild. Every other operation writes the
+ * waiting slots first, const look-ups included: a map is never safe for concurrent use, not even
+ * for look-ups only, and its owner's lock guards every call.
  *
  * Erasing shifts the slots that follow back (no tombstones), so look-ups never slow down after
  * many erasures. Every key is allowed, 0 included. At most 2^32 - 2 entries; beyond that
@@ -68,17 +82,14 @@ public:
     bool contains(std::uint64_t key) const noexcept { return slotOf(key) != NOT_FOUND; }
 
     /**
-     * @brief Asks the processor to fetch the index slot where a look-up of @p key starts, so
-     * that the look-up that follows (after other work) finds it in the cache. Changes nothing.
+     * @brief Asks the processor to fetch what a look-up or an insertion of @p key reads first
+     * (its filter word), so that one that follows after other work finds it in the cache.
+     * Changes nothing.
      */
     void prefetch(std::uint64_t key) const noexcept {
-#if defined(__GNUC__) || defined(__clang__)
-        if (!slots_.empty()) {
-            __builtin_prefetch(&slots_[homeOfTag(tagOf(key))], 1);
+        if (!filter_.empty()) {
+            prefetchLine(&filter_[filterWord(tagOf(key))]);
         }
-#else
-        static_cast<void>(key);
-#endif
     }
 
     /**
@@ -90,9 +101,24 @@ public:
         // Grown before probing, so that the slot found stays where it is. Linear probing keeps
         // short probe runs while at most three quarters of the slots are used.
         if ((size_ + 1) * 4 > slots_.size() * 3) {
+            writePendingSlots();
             grow();
         }
         const std::uint32_t tag = tagOf(key);
+        if (!mayHold(tag)) {
+            // Certainly new: no look-up. The slot waits to be written with the next few, by
+            // which time the line asked for here has arrived.
+            if (pendingCount_ == PENDING_CAPACITY) {
+                writePendingSlots();
+            }
+            prefetchLine(&slots_[homeOfTag(tag)]);
+            const std::size_t position = makeEntry(key);
+            pending_[pendingCount_++] = static_cast<std::uint32_t>(position);
+            noteInFilter(tag);
+            ++size_;
+            return {&entries_[position].value, true};
+        }
+        writePendingSlots();
         std::size_t slot = homeOfTag(tag);
         for (; slots_[slot] != EMPTY; slot = next(slot)) {
             if (tagIn(slots_[slot]) == tag) {
@@ -105,8 +131,7 @@ public:
         const std::size_t position = makeEntry(key);
         slots_[slot] = slotFor(tag, position);
         ++size_;
-        Entry& entry = entries_[position];
-        return {&entry.value, true};
+        return {&entries_[position].value, true};
     }
 
     /** @brief Erases the value under @p key; returns whether one was held. */
@@ -149,27 +174,25 @@ public:
      * that a map that once held many entries does not make each later clear pay for them.
      */
     void clear() noexcept {
+        pendingCount_ = 0;
         constexpr std::size_t SMALL_SLOT_COUNT = 1024;
         if (slots_.size() > SMALL_SLOT_COUNT) {
             std::vector<std::uint64_t>().swap(slots_);
+            std::vector<std::uint64_t>().swap(filter_);
             tagShift_ = 32;
         } else if (size_ != 0) {
-            for (std::uint64_t& slot : slots_) {
-                slot = EMPTY;
-            }
+            std::fill(slots_.begin(), slots_.end(), EMPTY);
+            std::fill(filter_.begin(), filter_.end(), 0);
         }
+        erasedSinceFilter_ = 0;
         resetEntries(slots_.empty());
         size_ = 0;
     }
 
     /** @brief Whether no entry is held. */
-    bool empty() const noexcept {
-        return size_ == 0;
-    }
+    bool empty() const noexcept { return size_ == 0; }
     /** @brief The number of entries. */
-    std::size_t size() const noexcept {
-        return size_;
-    }
+    std::size_t size() const noexcept { return size_; }
 
 private:
     struct Entry {
@@ -180,6 +203,8 @@ private:
     // A slot: the high half of the key's hash (the tag) in its upper 32 bits, the entry's
     // position plus one in its lower 32 bits; 0 is an unused slot.
     static constexpr std::uint64_t EMPTY = 0;
+    // New keys whose slots wait to be written together (see writePendingSlots).
+    static constexpr std::size_t PENDING_CAPACITY = 16;
     static constexpr std::size_t NO_ENTRY = ~std::size_t{0};
     static constexpr std::size_t NOT_FOUND = ~std::size_t{0};
     static constexpr std::size_t FIRST_SLOT_COUNT = 16;
@@ -204,14 +229,15 @@ private:
     std::size_t homeOfTag(std::uint32_t tag) const noexcept {
         return static_cast<std::size_t>(tag >> tagShift_);
     }
-    std::size_t next(std::size_t slot) const noexcept {
-        return (slot + 1) & (slots_.size() - 1);
-    }
+    std::size_t next(std::size_t slot) const noexcept { return (slot + 1) & (slots_.size() - 1); }
 
     std::size_t slotOf(std::uint64_t key) const noexcept {
         if (size_ == 0) {
             return NOT_FOUND;
         }
+        // The filter is not asked here: a key looked up is mostly held, and asking would cost
+        // one more memory access for it.
+        writePendingSlots();
         const std::uint32_t tag = tagOf(key);
         for (std::size_t slot = homeOfTag(tag); slots_[slot] != EMPTY; slot = next(slot)) {
             if (tagIn(slots_[slot]) == tag && entries_[positionIn(slots_[slot])].key == key) {
@@ -219,6 +245,67 @@ private:
             }
         }
         return NOT_FOUND;
+    }
+
+    // Writes the slots of the new keys that wait (their cache lines were asked for when they
+    // were made). The room for them was made then too (tryEmplace grows first), so nothing grows
+    // here.
+    void writePendingSlots() const noexcept {
+        if (pendingCount_ == 0) {
+            return;
+        }
+        for (std::size_t n = 0; n < pendingCount_; ++n) {
+            const std::uint32_t tag = tagOf(entries_[pending_[n]].key);
+            std::size_t slot = homeOfTag(tag);
+            while (slots_[slot] != EMPTY) {
+                slot = next(slot);
+            }
+            slots_[slot] = slotFor(tag, pending_[n]);
+        }
+        pendingCount_ = 0;
+    }
+
+    // Asks the processor to fetch the cache line at @p address, for writing.
+    static void prefetchLine(const void* address) noexcept {
+#if defined(__GNUC__) || defined(__clang__)
+        __builtin_prefetch(address, 1);
+#else
+        static_cast<void>(address);
+#endif
+    }
+
+    // The filter word of a key, from its tag: the tag mixed again (its top bits pick the home
+    // slot, so they alone would send each run of slots to one word) and its top bits taken.
+    // There are an eighth as many words as slots, so its shift is the tag's plus 3.
+    std::size_t filterWord(std::uint32_t tag) const noexcept {
+        constexpr std::uint32_t MIX = 0x9E3779B1U;
+        return static_cast<std::size_t>(static_cast<std::uint32_t>(tag * MIX) >> (tagShift_ + 3));
+    }
+    // The two bits of a key in its word, from the tag's low 12 bits.
+    static std::uint64_t filterBits(std::uint32_t tag) noexcept {
+        return (std::uint64_t{1} << (tag & 63U)) | (std::uint64_t{1} << ((tag >> 6U) & 63U));
+    }
+    // False when no key with @p tag is held; true when one may be.
+    bool mayHold(std::uint32_t tag) const noexcept {
+        const std::uint64_t bits = filterBits(tag);
+        return (filter_[filterWord(tag)] & bits) == bits;
+    }
+    void noteInFilter(std::uint32_t tag) noexcept {
+        filter_[filterWord(tag)] |= filterBits(tag);
+    }
+
+    // Sets the filter anew from the keys held (their slots, and the entries of those that wait).
+    void rebuildFilter() noexcept {
+        std::fill(filter_.begin(), filter_.end(), 0);
+        for (const std::uint64_t slot : slots_) {
+            if (slot != EMPTY) {
+                noteInFilter(tagIn(slot));
+            }
+        }
+        for (std::size_t n = 0; n < pendingCount_; ++n) {
+            noteInFilter(tagOf(entries_[pending_[n]].key));
+        }
+        erasedSinceFilter_ = 0;
     }
 
     // An entry for @p key: a vacant one when there is one, else a new one at the end.
@@ -268,8 +355,10 @@ private:
         shiftBackInto(hole);
         --size_;
         if (size_ == 0) {
-            // Nothing is left: the entries start afresh (the first block kept).
+            // Nothing is left: the entries and the filter start afresh (the first block kept).
             resetEntries(false);
+            std::fill(filter_.begin(), filter_.end(), 0);
+            erasedSinceFilter_ = 0;
             return;
         }
         Entry& entry = entries_[position];
@@ -277,6 +366,10 @@ private:
         entry.key = static_cast<std::uint64_t>(firstVacant_);
         firstVacant_ = position;
         vacant_[position / 64] |= vacancyBit(position);
+        // The erased key's bits stay set; once many have gone, the filter proves too little.
+        if (++erasedSinceFilter_ * 4 >= slots_.size()) {
+            rebuildFilter();
+        }
     }
 
     // Backward-shift deletion: each slot of the run after the hole that may move into it (its
@@ -296,14 +389,17 @@ private:
         slots_[hole] = EMPTY;
     }
 
-    // Doubles the index and re-places every slot by its tag alone: no entry is read.
+    // Doubles the index and re-places every slot by its tag alone (no entry is read), and sets
+    // the filter anew at its new size. No slot may be waiting (tryEmplace writes them first).
     void grow() {
         const std::size_t count = slots_.empty() ? FIRST_SLOT_COUNT : slots_.size() * 2;
         if (static_cast<std::uint64_t>(count) > MAX_SLOTS) {
             throw std::length_error("FlatIdMap: too many entries");
         }
         std::vector<std::uint64_t> old(count, EMPTY);
+        std::vector<std::uint64_t> filter(count / 8, 0);
         old.swap(slots_);
+        filter_.swap(filter);
         tagShift_ = 32;
         for (std::size_t slots = count; slots > 1; slots /= 2) {
             --tagShift_;
@@ -315,11 +411,16 @@ private:
                     slot = next(slot);
                 }
                 slots_[slot] = entry;
+                noteInFilter(tagIn(entry));
             }
         }
+        erasedSinceFilter_ = 0;
     }
 
-    std::vector<std::uint64_t> slots_;
+    // Mutable because look-ups first write the slots that wait (see writePendingSlots).
+    mutable std::vector<std::uint64_t> slots_;
+    mutable std::array<std::uint32_t, PENDING_CAPACITY> pending_{};
+    mutable std::size_t pendingCount_ = 0;
     BlockArray<Entry> entries_;
     std::size_t size_ = 0; // the entries in use
     // The first vacant entry (each links to the next through its key field), or NO_ENTRY.
@@ -328,6 +429,10 @@ private:
     std::vector<std::uint64_t> vacant_;
     // The shift that turns a tag into a home slot: 32 minus log2 of the slot count.
     unsigned tagShift_ = 32;
+    // One byte per slot, in 64-bit words (see filterWord and filterBits).
+    std::vector<std::uint64_t> filter_;
+    // Keys erased since the filter was last set anew; their bits may still be set.
+    std::size_t erasedSinceFilter_ = 0;
 };
 
 } // namespace keo::Feature::detail

@@ -64,8 +64,6 @@ public:
     Extra* insert(T value) {
         const std::uint64_t id = value->getId();
         FlatIdMap<Entry>& index = indexed();
-        // The node is taken before the index is probed: taking it (an allocation, often) overlaps
-        // the fetch of the index slot that a prefetch started.
         const auto position = pushBack(std::move(value));
         std::pair<Entry*, bool> made;
         try {

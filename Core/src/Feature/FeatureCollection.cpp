@@ -125,26 +125,37 @@ std::shared_ptr<Feature> FeatureCollection::add(std::shared_ptr<Feature> feature
     const std::uint64_t id = feature->getId();
     {
         const Lock lock(mutex_);
-        // The index slot of a random id is rarely in the cache when a collection is large: it
-        // is fetched while the subscription is made, which touches only the feature.
-        // Subscribing under the collection's lock is safe: the feature's event takes its own
-        // lock only to link the listener, and never holds it while calling out.
+        // What the member look-up reads first is rarely in the cache when a collection is
+        // large: it is fetched while the subscription is made and the added batch is joined,
+        // which touch only the feature and fresh memory. Subscribing under the collection's lock
+        // is safe: the feature's event takes its own lock only to link the listener, and never
+        // holds it while calling out.
         features_.prefetch(id);
         MemberSubscription subscription = subscribe(*feature);
         // A new member is in no batch yet (every member of the added batch is a member): it
         // joins the added batch without a look-up there, unless it returns from the removed
-        // batch. That is done before the member look-up, to give the slot more time to arrive,
-        // and undone for a duplicate (which can be in neither batch).
-        const bool returning = removed_.erase(id);
-        if (!returning) {
-            added_.appendUnindexed(feature);
+        // batch. A duplicate can be in neither batch, so for one this is undone below.
+        bool joined = false;
+        MemberSubscription* stored = nullptr;
+        try {
+            if (!removed_.erase(id)) {
+                added_.appendUnindexed(feature);
+                joined = true;
+            }
+            stored = features_.insert(feature);
+        } catch (...) {
+            if (joined) {
+                added_.dropLastUnindexed();
+            }
+            detail::disconnectListener(subscription.handle);
+            throw;
         }
-        if (MemberSubscription* stored = features_.insert(feature)) {
+        if (stored != nullptr) {
             *stored = std::move(subscription);
             fireChangedEvent();
             return feature;
         }
-        if (!returning) {
+        if (joined) {
             added_.dropLastUnindexed();
         }
         detail::disconnectListener(subscription.handle);

@@ -242,6 +242,58 @@ TEST(FlatIdMapTest, ErasingMostEntriesAndFillingThemAgainKeepsEveryValue) {
     EXPECT_EQ(visited, keys.size());
 }
 
+TEST(FlatIdMapTest, NewKeysWhoseSlotsWaitAreFoundAndNotMadeTwice) {
+    // New keys are added without a look-up and their slots written in groups later; every
+    // operation in between must still see them.
+    FlatIdMap<std::uint64_t> map;
+    std::mt19937_64 random(5);
+    std::vector<std::uint64_t> keys;
+    for (int n = 0; n < 1000; ++n) {
+        const std::uint64_t key = random();
+        const auto made = map.tryEmplace(key);
+        ASSERT_TRUE(made.second);
+        *made.first = key + 1;
+        keys.push_back(key);
+        const auto again = map.tryEmplace(key); // its slot may still wait
+        ASSERT_FALSE(again.second);
+        EXPECT_EQ(*again.first, key + 1);
+        if (n % 7 == 0) {
+            for (const std::uint64_t held : keys) {
+                ASSERT_TRUE(map.contains(held)) << n;
+            }
+        }
+    }
+    EXPECT_EQ(map.size(), keys.size());
+    std::size_t visited = 0;
+    map.forEach([&](std::uint64_t key, std::uint64_t& value) {
+        EXPECT_EQ(value, key + 1);
+        ++visited;
+    });
+    EXPECT_EQ(visited, keys.size());
+}
+
+TEST(FlatIdMapTest, KeysErasedInGreatNumbersAreMadeAgainAsNew) {
+    // Erased keys leave their bits in the filter until it is set anew; either way they are
+    // absent and can be made again.
+    FlatIdMap<int> map;
+    std::vector<std::uint64_t> keys;
+    for (std::uint64_t key = 1; key <= 4000; ++key) {
+        keys.push_back(key * 0x10001U);
+        *map.tryEmplace(keys.back()).first = 1;
+    }
+    for (std::size_t n = 0; n < 3900; ++n) {
+        ASSERT_TRUE(map.erase(keys[n]));
+        EXPECT_FALSE(map.contains(keys[n]));
+    }
+    for (std::size_t n = 0; n < 3900; n += 3) {
+        EXPECT_TRUE(map.tryEmplace(keys[n]).second) << n;
+    }
+    for (std::size_t n = 3900; n < keys.size(); ++n) {
+        EXPECT_FALSE(map.tryEmplace(keys[n]).second) << n;
+    }
+    EXPECT_EQ(map.size(), 1300u + 100u);
+}
+
 TEST(FlatIdMapTest, PrefetchChangesNothing) {
     FlatIdMap<int> map;
     map.prefetch(1); // an empty map has no index yet
