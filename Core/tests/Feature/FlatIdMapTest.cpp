@@ -18,6 +18,15 @@ namespace {
 
 using keo::Feature::detail::FlatIdMap;
 
+// The value under @p key, which the test expects to be held: a missing one fails the test and
+// reads as a default value.
+template <typename V>
+V valueOf(const FlatIdMap<V>& map, std::uint64_t key) {
+    const V* value = map.find(key);
+    EXPECT_NE(value, nullptr) << key;
+    return value != nullptr ? *value : V{};
+}
+
 // Every entry of @p model is found in @p map with its value, and the sizes agree.
 void expectSameContent(FlatIdMap<std::string>& map,
                        const std::unordered_map<std::uint64_t, std::string>& model) {
@@ -65,11 +74,11 @@ TEST(FlatIdMapTest, KeyZeroAndTheLargestKeyAreOrdinaryKeys) {
     FlatIdMap<int> map;
     *map.tryEmplace(0).first = 1;
     *map.tryEmplace(std::numeric_limits<std::uint64_t>::max()).first = 2;
-    EXPECT_EQ(*map.find(0), 1);
-    EXPECT_EQ(*map.find(std::numeric_limits<std::uint64_t>::max()), 2);
+    EXPECT_EQ(valueOf(map, 0), 1);
+    EXPECT_EQ(valueOf(map, std::numeric_limits<std::uint64_t>::max()), 2);
     EXPECT_TRUE(map.erase(0));
     EXPECT_FALSE(map.contains(0));
-    EXPECT_EQ(*map.find(std::numeric_limits<std::uint64_t>::max()), 2);
+    EXPECT_EQ(valueOf(map, std::numeric_limits<std::uint64_t>::max()), 2);
 }
 
 TEST(FlatIdMapTest, TakeMovesTheValueOutAndErasesIt) {
@@ -158,8 +167,9 @@ TEST(FlatIdMapTest, KeysWhoseHashesAgreeInTheirHighBitsAreToldApart) {
     FlatIdMap<std::string> map;
     std::unordered_map<std::uint64_t, std::string> model;
     for (const std::uint64_t key : keys) {
-        ASSERT_TRUE(map.tryEmplace(key).second);
-        *map.find(key) = std::to_string(key);
+        const auto made = map.tryEmplace(key);
+        ASSERT_TRUE(made.second);
+        *made.first = std::to_string(key);
         model[key] = std::to_string(key);
     }
     expectSameContent(map, model);
@@ -195,10 +205,10 @@ TEST(FlatIdMapTest, ErasedEntriesAreReusedAndOtherValuesStayWhereTheyAre) {
     for (std::uint64_t key = 101; key < 140; ++key) {
         if (key != 120) {
             ASSERT_NE(map.find(key), nullptr) << key;
-            EXPECT_EQ(*map.find(key), "v" + std::to_string(key));
+            EXPECT_EQ(valueOf(map, key), "v" + std::to_string(key));
         }
     }
-    EXPECT_EQ(*map.find(500), "v500");
+    EXPECT_EQ(valueOf(map, 500), "v500");
     EXPECT_FALSE(map.contains(100));
     EXPECT_FALSE(map.contains(120));
 }
@@ -231,7 +241,7 @@ TEST(FlatIdMapTest, ErasingMostEntriesAndFillingThemAgainKeepsEveryValue) {
     EXPECT_EQ(map.size(), 10u);
     for (std::size_t n = 0; n < 10; ++n) {
         ASSERT_NE(map.find(keys[n]), nullptr);
-        EXPECT_EQ(*map.find(keys[n]), keys[n] ^ 0x5555U);
+        EXPECT_EQ(valueOf(map, keys[n]), keys[n] ^ 0x5555U);
     }
     for (std::size_t n = 10; n < keys.size(); ++n) {
         ASSERT_TRUE(map.tryEmplace(keys[n]).second);
@@ -301,7 +311,7 @@ TEST(FlatIdMapTest, PrefetchChangesNothing) {
     map.prefetch(1);
     map.prefetch(2);
     EXPECT_EQ(map.size(), 1u);
-    EXPECT_EQ(*map.find(1), 5);
+    EXPECT_EQ(valueOf(map, 1), 5);
     EXPECT_FALSE(map.contains(2));
 }
 
