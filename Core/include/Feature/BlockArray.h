@@ -55,11 +55,16 @@ public:
      * kept for the next entries: a small array filled and emptied again and again allocates once.
      */
     void clear() noexcept {
+        destroyEntries();
+        releaseBlocksFrom(1);
+    }
+
+    /** @brief Destroys every entry and keeps every block for the next entries. */
+    void destroyEntries() noexcept {
         while (size_ > 0) {
             --size_;
             (*this)[size_].~T();
         }
-        releaseBlocksFrom(1);
     }
 
     /** @brief The number of entries. */

@@ -47,7 +47,8 @@ namespace keo::Feature::detail {
  * many erasures. Every key is allowed, 0 included. At most 2^32 - 2 entries; beyond that
  * tryEmplace throws std::length_error.
  *
- * Pointers to values stay valid until the value is erased or the map cleared.
+ * Pointers to values stay valid until the value is erased or the map cleared. Erasing releases
+ * no memory; clearing a large map releases it.
  *
  * @tparam V a default-constructible, movable value type.
  */
@@ -185,7 +186,13 @@ public:
             std::fill(filter_.begin(), filter_.end(), 0);
         }
         erasedSinceFilter_ = 0;
-        resetEntries(slots_.empty());
+        entries_.clear();
+        firstVacant_ = NO_ENTRY;
+        if (slots_.empty()) {
+            std::vector<std::uint64_t>().swap(vacant_);
+        } else {
+            vacant_.clear();
+        }
         size_ = 0;
     }
 
@@ -336,17 +343,6 @@ private:
         return (vacant_[position / 64] & vacancyBit(position)) != 0;
     }
 
-    // Forgets every entry (none is in use); the storage of a large map is released.
-    void resetEntries(bool release) noexcept {
-        entries_.clear();
-        firstVacant_ = NO_ENTRY;
-        if (release) {
-            std::vector<std::uint64_t>().swap(vacant_);
-        } else {
-            vacant_.clear();
-        }
-    }
-
     // Erases the entry of the slot @p hole and the slot itself. The entry stays where it is,
     // vacant (its value released, its key field linking it to the next vacant entry), so no other
     // entry moves and no other slot needs telling: erasing touches one entry and one probe run.
@@ -355,8 +351,13 @@ private:
         shiftBackInto(hole);
         --size_;
         if (size_ == 0) {
-            // Nothing is left: the entries and the filter start afresh (the first block kept).
-            resetEntries(false);
+            // Nothing is left: the entries and the filter start afresh. Erasing releases no
+            // memory (clear does): the entry blocks are kept, so that the last erasure does not
+            // pay for releasing them (and for the allocator's merging of everything released
+            // before, which a large release sets off).
+            entries_.destroyEntries();
+            firstVacant_ = NO_ENTRY;
+            vacant_.clear();
             std::fill(filter_.begin(), filter_.end(), 0);
             erasedSinceFilter_ = 0;
             return;

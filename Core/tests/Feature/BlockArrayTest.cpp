@@ -1,5 +1,5 @@
 // The dense storage behind the hash index: entries appended across block boundaries keep their
-// values and addresses, and clearing destroys exactly what was made.
+// values and addresses, and clearing or destroying the entries destroys exactly what was made.
 
 #include "Feature/BlockArray.h"
 
@@ -58,6 +58,22 @@ TEST(BlockArrayTest, ClearingDestroysEveryEntryOnceAndTheArrayFillsAgain) {
         EXPECT_EQ(Counted::alive, 100);
     }
     EXPECT_EQ(Counted::alive, 0); // the destructor destroyed the rest
+}
+
+TEST(BlockArrayTest, DestroyingTheEntriesKeepsTheBlocksForTheNextOnes) {
+    BlockArray<Counted> array;
+    for (std::size_t n = 0; n < 100; ++n) {
+        array.emplaceBack().value = n;
+    }
+    const Counted* seventieth = &array[70];
+    array.destroyEntries();
+    EXPECT_EQ(Counted::alive, 0);
+    EXPECT_EQ(array.size(), 0u);
+    for (std::size_t n = 0; n < 100; ++n) {
+        array.emplaceBack().value = n + 1000;
+    }
+    EXPECT_EQ(&array[70], seventieth); // the same block holds entry 70 again
+    EXPECT_EQ(array[70].value, 1070u);
 }
 
 } // namespace
