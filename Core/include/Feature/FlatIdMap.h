@@ -212,6 +212,8 @@ private:
     static constexpr std::uint64_t EMPTY = 0;
     // New keys whose slots wait to be written together (see writePendingSlots).
     static constexpr std::size_t PENDING_CAPACITY = 16;
+    // The filter's size: bits per index slot.
+    static constexpr std::size_t FILTER_BITS_PER_SLOT = 8;
     static constexpr std::size_t NO_ENTRY = ~std::size_t{0};
     static constexpr std::size_t NOT_FOUND = ~std::size_t{0};
     static constexpr std::size_t FIRST_SLOT_COUNT = 16;
@@ -282,11 +284,16 @@ private:
     }
 
     // The filter word of a key, from its tag: the tag mixed again (its top bits pick the home
-    // slot, so they alone would send each run of slots to one word) and its top bits taken.
-    // There are an eighth as many words as slots, so its shift is the tag's plus 3.
+    // slot, so they alone would send each run of slots to one word), scaled to the word count
+    // (the top bits of the 32-bit mix times the count).
     std::size_t filterWord(std::uint32_t tag) const noexcept {
         constexpr std::uint32_t MIX = 0x9E3779B1U;
-        return static_cast<std::size_t>(static_cast<std::uint32_t>(tag * MIX) >> (tagShift_ + 3));
+        const std::uint64_t mixed = static_cast<std::uint32_t>(tag * MIX);
+        return static_cast<std::size_t>((mixed * filter_.size()) >> 32U);
+    }
+    // The filter words for @p slots slots: FILTER_BITS_PER_SLOT bits each, at least one word.
+    static std::size_t filterWordsFor(std::size_t slots) noexcept {
+        return std::max<std::size_t>(1, slots * FILTER_BITS_PER_SLOT / 64);
     }
     // The two bits of a key in its word, from the tag's low 12 bits.
     static std::uint64_t filterBits(std::uint32_t tag) noexcept {
@@ -398,7 +405,7 @@ private:
             throw std::length_error("FlatIdMap: too many entries");
         }
         std::vector<std::uint64_t> old(count, EMPTY);
-        std::vector<std::uint64_t> filter(count / 8, 0);
+        std::vector<std::uint64_t> filter(filterWordsFor(count), 0);
         old.swap(slots_);
         filter_.swap(filter);
         tagShift_ = 32;
