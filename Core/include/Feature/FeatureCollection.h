@@ -33,9 +33,9 @@ class Feature;
  * with it held (they may call the collection again). A feature reports its changes while holding
  * its own lock, so the lock order is feature, then collection: the collection never takes a
  * feature's lock while holding its own, except when a listener notified under the collection's
- * lock edits a feature. Adding a member links the collection's listener to the feature's event
- * under the collection's lock; the event's own lock is held only for that link and never while
- * anything is called, so it closes no cycle.
+ * lock edits a feature. Adding and removing a member link and unlink the collection's listener
+ * on the feature's event under the collection's lock; the event's own lock is held only for that
+ * and never while anything is called, so it closes no cycle.
  *
  * Misuse throws keo::InvalidParametersException with error code 2.
  */
@@ -141,7 +141,8 @@ private:
     using Lock = std::lock_guard<std::recursive_mutex>;
 
     // The collection's listener on one member's definition-changed event. The serial tells the
-    // subscription of the current membership from an earlier one not yet disconnected.
+    // subscription of the current membership from an earlier one that a raising begun before its
+    // disconnection may still call.
     struct MemberSubscription {
         std::weak_ptr<FunctionWrapper> handle;
         std::uint64_t serial = 0;

@@ -30,45 +30,13 @@ constexpr std::size_t SPARE_NODES_BEYOND_MEMBERS = 64;
     throw InvalidParametersException(INVALID_PARAMETERS, message, function, SOURCE_PATH, line);
 }
 
-/**
- * Listeners to disconnect once the collection's lock is released. Declared before the lock
- * guard, it is destroyed after it (on every path, exceptions included): removing a listener takes
- * the lock of the feature's event, which a feature raising that event holds before it takes the
- * collection's lock, so taking it under the collection's lock could deadlock.
- */
-class DeferredDisconnects final {
-public:
-    DeferredDisconnects() = default;
-    DeferredDisconnects(const DeferredDisconnects&) = delete;
-    DeferredDisconnects& operator=(const DeferredDisconnects&) = delete;
-    ~DeferredDisconnects() {
-        detail::disconnectListener(first_);
-        for (const auto& handle : more_) {
-            detail::disconnectListener(handle);
-        }
-    }
-    void add(std::weak_ptr<FunctionWrapper> handle) {
-        // The first handle is kept in place: removing one feature allocates nothing here.
-        if (!hasFirst_) {
-            first_ = std::move(handle);
-            hasFirst_ = true;
-        } else {
-            more_.push_back(std::move(handle));
-        }
-    }
-
-private:
-    std::weak_ptr<FunctionWrapper> first_;
-    bool hasFirst_ = false;
-    std::vector<std::weak_ptr<FunctionWrapper>> more_;
-};
-
-// Hands the subscriptions of every member of @p members to @p disconnects.
+// Removes the collection's listener from the event of every member of @p members. Done under the
+// collection's lock: a feature's event takes its own lock only to link or unlink a listener and
+// never holds it while calling out, so no lock-order cycle can arise.
 template <typename Members>
-void disconnectMembers(Members& members, DeferredDisconnects& disconnects) {
-    members.forEachExtra([&disconnects](const auto&, auto& subscription) {
-        disconnects.add(std::move(subscription.handle));
-    });
+void disconnectMembers(Members& members) {
+    members.forEachExtra(
+        [](const auto&, auto& subscription) { detail::disconnectListener(subscription.handle); });
 }
 
 // Sets a flag for the length of a scope and clears it on every exit (a listener may throw).
@@ -93,9 +61,8 @@ FeatureCollection::FeatureCollection()
     , collectionChanged_(std::make_unique<Publisher<CollectionChangedCallback>>()) {}
 
 FeatureCollection::~FeatureCollection() {
-    DeferredDisconnects disconnects;
     const Lock lock(mutex_);
-    disconnectMembers(features_, disconnects);
+    disconnectMembers(features_);
     features_.clear();
 }
 
@@ -110,8 +77,8 @@ FeatureCollection::MemberSubscription FeatureCollection::subscribe(Feature& feat
 
 void FeatureCollection::onMemberDefinitionChanged(Feature* feature, std::uint64_t serial) {
     const Lock lock(mutex_);
-    // A listener whose membership ended (or was replaced by a later one) may still be called
-    // until its deferred disconnection: it records nothing.
+    // A listener whose membership ended (or was replaced by a later one) may still be called by
+    // a raising that began before it was disconnected: it records nothing.
     const MemberSubscription* current = features_.findExtra(feature->getId());
     if (current != nullptr && current->serial == serial) {
         _onFeatureDefinitionChanged(feature);
@@ -172,26 +139,24 @@ bool FeatureCollection::removeById(std::uint64_t id) {
     if (id == 0) {
         return false;
     }
-    DeferredDisconnects disconnects;
     const Lock lock(mutex_);
     MemberSubscription subscription;
     std::shared_ptr<Feature> feature = features_.extract(id, &subscription);
     if (!feature) {
         return false;
     }
+    detail::disconnectListener(subscription.handle);
     if (!added_.erase(id)) {
         removed_.insert(std::move(feature));
         changed_.erase(id);
     }
-    disconnects.add(std::move(subscription.handle));
     fireChangedEvent();
     return true;
 }
 
 void FeatureCollection::removeAll() {
-    DeferredDisconnects disconnects;
     const Lock lock(mutex_);
-    disconnectMembers(features_, disconnects);
+    disconnectMembers(features_);
     for (const auto& feature : features_.values()) {
         if (!added_.contains(feature->getId())) {
             removed_.insert(feature);
