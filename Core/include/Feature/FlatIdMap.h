@@ -24,24 +24,24 @@ namespace keo::Feature::detail {
  * entry: open addressing with linear probing.
  *
  * Why this form: at a million entries the index no longer fits in any cache, so each look-up of
- * a random id costs a memory access; 8-byte slots keep the index (16 MB for a million entries)
- * within reach of the last-level cache where wider slots would not, and a fresh index costs
- * fewer page faults. The hash half in each slot rejects a slot of another key without reading
- * its entry, so adding a new key reads no entry at all, and growing rehashes from the slots alone.
- * A node-based map would instead spend an allocation per entry and a miss per look-up on a node
- * that may lie anywhere on the heap.
+ * a random id costs a memory access; 8-byte slots make the index (16 MB for a million entries) a
+ * sixth of what slots holding their entries would be, so more of it stays cached and a fresh
+ * index costs fewer page faults. The hash half in each slot rejects a slot of another key
+ * without reading its entry, so adding a new key reads no entry at all, and growing rehashes
+ * from the slots alone. A node-based map would instead spend an allocation per entry and a miss
+ * per look-up on a node that may lie anywhere on the heap.
  *
  * A filter beside the index (one byte per slot; each key sets two bits of one 64-bit word,
  * picked from its hash) proves most absent keys absent without touching the index. Insertions
- * ask it (look-ups do not: a key looked up is mostly held): an insertion of a new key then reads
- * nothing of the index, and its slot is written later,
- * together with those of the next few new keys, so that their cache misses overlap instead of
- * following one another (a bulk load of a million random ids would otherwise wait for memory
- * once per id). A few percent of absent keys find both bits set and are looked up as usual.
- * Erased keys leave their bits set until the filter is rebuilt, which happens once a quarter of
- * the slot count has been erased since the last rebuild. Every other operation writes the
- * waiting slots first, const look-ups included: a map is never safe for concurrent use, not even
- * for look-ups only, and its owner's lock guards every call.
+ * ask it (look-ups do not: a key looked up is mostly held). An insertion of a key proven new
+ * reads nothing of the index, and its slot is written later, together with those of the next few
+ * new keys, so that their cache misses overlap instead of following one another (a bulk load of
+ * a million random ids would otherwise wait for memory once per id). A few percent of absent
+ * keys find both bits set and are looked up as usual. Erased keys leave their bits set until the
+ * filter is rebuilt, which happens once a quarter of the slot count has been erased since the
+ * last rebuild. Every other operation writes the waiting slots first, const look-ups included: a
+ * map is never safe for concurrent use, not even for look-ups only, and its owner's lock guards
+ * every call.
  *
  * Erasing shifts the slots that follow back (no tombstones), so look-ups never slow down after
  * many erasures. Every key is allowed, 0 included. At most 2^32 - 2 entries; beyond that
