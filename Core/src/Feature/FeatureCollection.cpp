@@ -103,6 +103,13 @@ std::shared_ptr<Feature> FeatureCollection::add(std::shared_ptr<Feature> feature
         // joins the added batch without a look-up there, unless it returns from the removed
         // batch. A duplicate can be in neither batch, so for one this is undone below.
         bool joined = false;
+        // Takes back what was done for a feature that does not become a member.
+        const auto withdraw = [&] {
+            if (joined) {
+                added_.dropLastUnindexed();
+            }
+            detail::disconnectListener(subscription.handle);
+        };
         MemberSubscription* stored = nullptr;
         try {
             if (!removed_.erase(id)) {
@@ -111,10 +118,7 @@ std::shared_ptr<Feature> FeatureCollection::add(std::shared_ptr<Feature> feature
             }
             stored = features_.insert(feature);
         } catch (...) {
-            if (joined) {
-                added_.dropLastUnindexed();
-            }
-            detail::disconnectListener(subscription.handle);
+            withdraw();
             throw;
         }
         if (stored != nullptr) {
@@ -122,10 +126,7 @@ std::shared_ptr<Feature> FeatureCollection::add(std::shared_ptr<Feature> feature
             fireChangedEvent();
             return feature;
         }
-        if (joined) {
-            added_.dropLastUnindexed();
-        }
-        detail::disconnectListener(subscription.handle);
+        withdraw();
     }
     throwInvalid("An feature with id " + std::to_string(id) + " already exists in this collection.",
                  "FeatureCollection::add()", ADD_DUPLICATE_LINE);
