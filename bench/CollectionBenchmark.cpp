@@ -23,11 +23,11 @@
 #include "Feature/Feature.h"
 #include "Feature/FeatureCollection.h"
 #include "Feature/FeatureGroup.h"
-#include "Feature/FlatIdMap.h"
 #include "Feature/LabelSymbol.h"
 #include "Feature/PointGeometry.h"
 #include "Feature/PointStyle.h"
 #include "Feature/PointSymbol.h"
+#include "FlatIdMap.h"
 
 #include <benchmark/benchmark.h>
 

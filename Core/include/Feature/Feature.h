@@ -8,7 +8,7 @@
 #include "Feature/FeatureExport.h"
 #include "Feature/FunctionWrapper.h"
 #include "Feature/Publisher.h"
-#include "Feature/SubscriptionPair.h"
+#include "Feature/detail/SubscriptionPair.h"
 
 #include <cstdint>
 #include <functional>

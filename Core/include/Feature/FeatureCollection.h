@@ -2,7 +2,6 @@
 
 #include "Feature/FeatureExport.h"
 #include "Feature/FunctionWrapper.h"
-#include "Feature/OrderedIdMap.h"
 #include "Feature/Publisher.h"
 
 #include <cstdint>
@@ -86,7 +85,7 @@ public:
      * @brief The members in the order they were added. Not guarded: read it only while no other
      * thread changes the collection.
      */
-    const FeatureList& getValues() const noexcept { return features_.values(); }
+    const FeatureList& getValues() const noexcept;
     /** @brief The id, drawn at construction. */
     std::uint64_t getId() const noexcept { return id_; }
 
@@ -140,13 +139,10 @@ public:
 private:
     using Lock = std::lock_guard<std::recursive_mutex>;
 
-    // The collection's listener on one member's definition-changed event. The serial tells the
-    // subscription of the current membership from an earlier one that a raising begun before its
-    // disconnection may still call.
-    struct MemberSubscription {
-        std::weak_ptr<FunctionWrapper> handle;
-        std::uint64_t serial = 0;
-    };
+    // The members and the three batches (private to the sources): id-keyed containers that keep
+    // insertion order.
+    struct Batches;
+    struct MemberSubscription;
 
     // A field read or written under the collection's lock.
     template <typename T>
@@ -169,12 +165,9 @@ private:
     bool firing_ = false;
     bool refire_ = false;
     std::uint64_t id_;
-    // The members, each with the subscription to its definition-changed event: one look-up finds
-    // both.
-    detail::OrderedIdMap<std::shared_ptr<Feature>, MemberSubscription> features_;
-    detail::OrderedIdMap<std::shared_ptr<Feature>> added_;
-    detail::OrderedIdMap<std::shared_ptr<Feature>> removed_;
-    detail::OrderedIdMap<Feature*> changed_;
+    // The members, each with the subscription to its definition-changed event, and the added,
+    // removed and changed batches.
+    std::unique_ptr<Batches> batches_;
     std::unique_ptr<Publisher<CollectionChangedCallback>> collectionChanged_;
     mutable std::recursive_mutex mutex_;
     std::uint64_t nextSerial_ = 0; // guarded by the mutex

@@ -2,7 +2,6 @@
 
 #include "Feature/FeatureBase.h"
 #include "Feature/FeatureExport.h"
-#include "Feature/FlatIdMap.h"
 #include "Feature/FunctionWrapper.h"
 #include "Feature/Publisher.h"
 
@@ -125,16 +124,8 @@ public:
 private:
     using ChildList = std::list<std::shared_ptr<FeatureBase>>;
 
-    // What the group keeps on each child: where it stands in children_ (so that hard removal
-    // finds it without a search) and, for a child group, the subscription that relays its
-    // added-or-removed event. Keyed by the node itself: ids need not be unique in a tree, and a
-    // subscription filed under a shared id could outlive its removal and call a group that is
-    // gone. The flat index keeps the entries in one array, so that finding one costs no walk
-    // over nodes scattered on the heap.
-    struct ChildEntry {
-        ChildList::iterator position;
-        std::weak_ptr<FunctionWrapper> subscription;
-    };
+    // What the group keeps on each child, found by the child's address (private to the sources).
+    struct ChildIndex;
 
     static std::uint64_t keyOf(const FeatureBase& node) noexcept;
     bool place(std::optional<std::uint64_t> position, std::shared_ptr<FeatureBase> node);
@@ -143,7 +134,7 @@ private:
     ChildList children_;
     std::unique_ptr<Publisher<AddedOrRemovedCallback>> featureAddedOrRemoved_;
     std::weak_ptr<Layer> layer_;
-    detail::FlatIdMap<ChildEntry> childEntries_; // keyed by keyOf(child)
+    std::unique_ptr<ChildIndex> childIndex_;
 };
 
 } // namespace keo::Feature

@@ -7,8 +7,8 @@
 #include "Data/HorizontalOrigin.h"
 #include "Data/VerticalOrigin.h"
 #include "Feature/FeatureExport.h"
-#include "Feature/SubscriptionPair.h"
 #include "Feature/Symbol.h"
+#include "Feature/detail/SubscriptionPair.h"
 
 #include <cstdint>
 #include <memory>

@@ -2,8 +2,8 @@
 
 #include "Feature/FeatureExport.h"
 #include "Feature/Path.h"
-#include "Feature/SubscriptionPair.h"
 #include "Feature/Symbol.h"
+#include "Feature/detail/SubscriptionPair.h"
 
 #include <memory>
 

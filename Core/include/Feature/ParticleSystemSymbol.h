@@ -6,8 +6,8 @@
 #include "Data/ParticleBurst.h"
 #include "Feature/FeatureExport.h"
 #include "Feature/ParticleEmitter.h"
-#include "Feature/SubscriptionPair.h"
 #include "Feature/Symbol.h"
+#include "Feature/detail/SubscriptionPair.h"
 
 #include <limits>
 #include <memory>

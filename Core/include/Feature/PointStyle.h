@@ -2,7 +2,7 @@
 
 #include "Feature/FeatureExport.h"
 #include "Feature/Style.h"
-#include "Feature/SubscriptionPair.h"
+#include "Feature/detail/SubscriptionPair.h"
 
 #include <memory>
 

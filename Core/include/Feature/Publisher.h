@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Feature/FunctionWrapper.h"
-#include "Feature/RecursiveSpinLock.h"
+#include "Feature/detail/RecursiveSpinLock.h"
 
 #include <atomic>
 #include <cstddef>

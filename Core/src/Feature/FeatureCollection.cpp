@@ -2,8 +2,9 @@
 
 #include "Common/InvalidParametersException.h"
 #include "Feature/Feature.h"
-#include "Feature/SubscriptionPair.h"
+#include "Feature/ScopedListener.h"
 #include "FreshId.h"
+#include "OrderedIdMap.h"
 
 #include <string>
 #include <utility>
@@ -36,7 +37,7 @@ constexpr std::size_t SPARE_NODES_BEYOND_MEMBERS = 64;
 template <typename Members>
 void disconnectMembers(Members& members) {
     members.forEachExtra(
-        [](const auto&, auto& subscription) { detail::disconnectListener(subscription.handle); });
+        [](const auto&, auto& subscription) { removeListener(subscription.handle); });
 }
 
 // Sets a flag for the length of a scope and clears it on every exit (a listener may throw).
@@ -56,14 +57,31 @@ private:
 
 } // namespace
 
+// The collection's listener on one member's definition-changed event. The serial tells the
+// subscription of the current membership from an earlier one that a raising begun before its
+// disconnection may still call.
+struct FeatureCollection::MemberSubscription {
+    std::weak_ptr<FunctionWrapper> handle;
+    std::uint64_t serial = 0;
+};
+
+struct FeatureCollection::Batches {
+    // The members, each with its subscription: one look-up finds both.
+    detail::OrderedIdMap<std::shared_ptr<Feature>, MemberSubscription> features;
+    detail::OrderedIdMap<std::shared_ptr<Feature>> added;
+    detail::OrderedIdMap<std::shared_ptr<Feature>> removed;
+    detail::OrderedIdMap<Feature*> changed;
+};
+
 FeatureCollection::FeatureCollection()
     : id_(detail::freshId())
+    , batches_(std::make_unique<Batches>())
     , collectionChanged_(std::make_unique<Publisher<CollectionChangedCallback>>()) {}
 
 FeatureCollection::~FeatureCollection() {
     const Lock lock(mutex_);
-    disconnectMembers(features_);
-    features_.clear();
+    disconnectMembers(batches_->features);
+    batches_->features.clear();
 }
 
 FeatureCollection::MemberSubscription FeatureCollection::subscribe(Feature& feature) {
@@ -79,7 +97,7 @@ void FeatureCollection::onMemberDefinitionChanged(Feature* feature, std::uint64_
     const Lock lock(mutex_);
     // A listener whose membership ended (or was replaced by a later one) may still be called by
     // a raising that began before it was disconnected: it records nothing.
-    const MemberSubscription* current = features_.findExtra(feature->getId());
+    const MemberSubscription* current = batches_->features.findExtra(feature->getId());
     if (current != nullptr && current->serial == serial) {
         _onFeatureDefinitionChanged(feature);
     }
@@ -97,7 +115,7 @@ std::shared_ptr<Feature> FeatureCollection::add(std::shared_ptr<Feature> feature
         // which touch only the feature and fresh memory. Subscribing under the collection's lock
         // is safe: the feature's event takes its own lock only to link the listener, and never
         // holds it while calling out.
-        features_.prefetch(id);
+        batches_->features.prefetch(id);
         MemberSubscription subscription = subscribe(*feature);
         // A new member is in no batch yet (every member of the added batch is a member): it
         // joins the added batch without a look-up there, unless it returns from the removed
@@ -106,17 +124,17 @@ std::shared_ptr<Feature> FeatureCollection::add(std::shared_ptr<Feature> feature
         // Takes back what was done for a feature that does not become a member.
         const auto withdraw = [&] {
             if (joined) {
-                added_.dropLastUnindexed();
+                batches_->added.dropLastUnindexed();
             }
-            detail::disconnectListener(subscription.handle);
+            removeListener(subscription.handle);
         };
         MemberSubscription* stored = nullptr;
         try {
-            if (!removed_.erase(id)) {
-                added_.appendUnindexed(feature);
+            if (!batches_->removed.erase(id)) {
+                batches_->added.appendUnindexed(feature);
                 joined = true;
             }
-            stored = features_.insert(feature);
+            stored = batches_->features.insert(feature);
         } catch (...) {
             withdraw();
             throw;
@@ -132,6 +150,10 @@ std::shared_ptr<Feature> FeatureCollection::add(std::shared_ptr<Feature> feature
                  "FeatureCollection::add()", ADD_DUPLICATE_LINE);
 }
 
+const FeatureCollection::FeatureList& FeatureCollection::getValues() const noexcept {
+    return batches_->features.values();
+}
+
 bool FeatureCollection::remove(Feature& feature) {
     return removeById(feature.getId());
 }
@@ -142,14 +164,14 @@ bool FeatureCollection::removeById(std::uint64_t id) {
     }
     const Lock lock(mutex_);
     MemberSubscription subscription;
-    std::shared_ptr<Feature> feature = features_.extract(id, &subscription);
+    std::shared_ptr<Feature> feature = batches_->features.extract(id, &subscription);
     if (!feature) {
         return false;
     }
-    detail::disconnectListener(subscription.handle);
-    if (!added_.erase(id)) {
-        removed_.insert(std::move(feature));
-        changed_.erase(id);
+    removeListener(subscription.handle);
+    if (!batches_->added.erase(id)) {
+        batches_->removed.insert(std::move(feature));
+        batches_->changed.erase(id);
     }
     fireChangedEvent();
     return true;
@@ -157,15 +179,15 @@ bool FeatureCollection::removeById(std::uint64_t id) {
 
 void FeatureCollection::removeAll() {
     const Lock lock(mutex_);
-    disconnectMembers(features_);
-    for (const auto& feature : features_.values()) {
-        if (!added_.contains(feature->getId())) {
-            removed_.insert(feature);
+    disconnectMembers(batches_->features);
+    for (const auto& feature : batches_->features.values()) {
+        if (!batches_->added.contains(feature->getId())) {
+            batches_->removed.insert(feature);
         }
     }
-    features_.clear();
-    added_.clear();
-    changed_.clear();
+    batches_->features.clear();
+    batches_->added.clear();
+    batches_->changed.clear();
     fireChangedEvent();
 }
 
@@ -174,12 +196,12 @@ bool FeatureCollection::contains(const std::shared_ptr<Feature>& feature) const 
         throwInvalid("feature is required", "FeatureCollection::contains()", CONTAINS_NULL_LINE);
     }
     const Lock lock(mutex_);
-    return features_.contains(feature->getId());
+    return batches_->features.contains(feature->getId());
 }
 
 std::shared_ptr<Feature> FeatureCollection::getById(std::uint64_t id) const {
     const Lock lock(mutex_);
-    return features_.find(id);
+    return batches_->features.find(id);
 }
 
 void FeatureCollection::suspendEvents() {
@@ -210,7 +232,7 @@ void FeatureCollection::fireChangedEvent() {
     if (suspendCount_ != 0) {
         return;
     }
-    if (added_.empty() && removed_.empty() && changed_.empty()) {
+    if (batches_->added.empty() && batches_->removed.empty() && batches_->changed.empty()) {
         return;
     }
     const FlagScope firing(firing_);
@@ -218,9 +240,9 @@ void FeatureCollection::fireChangedEvent() {
         refire_ = false;
         // The batches are moved out first, so what the listeners record goes into new batches,
         // which the next round delivers.
-        FeatureList added = added_.takeValues();
-        FeatureList removed = removed_.takeValues();
-        ChangedList changed = changed_.takeValues();
+        FeatureList added = batches_->added.takeValues();
+        FeatureList removed = batches_->removed.takeValues();
+        ChangedList changed = batches_->changed.takeValues();
         collectionChanged_->raiseEvent(this, added, removed, changed);
         recycleBatches(added, removed, changed);
     } while (refire_);
@@ -231,9 +253,9 @@ void FeatureCollection::recycleBatches(FeatureList& added, FeatureList& removed,
     // Only the changed batch keeps as many nodes as there are members: it is the one that a
     // collection edited frame after frame fills with many features again and again, whereas large
     // added and removed batches come from one-off bulk edits.
-    added_.recycle(added, SPARE_NODES_BEYOND_MEMBERS);
-    removed_.recycle(removed, SPARE_NODES_BEYOND_MEMBERS);
-    changed_.recycle(changed, features_.size() + SPARE_NODES_BEYOND_MEMBERS);
+    batches_->added.recycle(added, SPARE_NODES_BEYOND_MEMBERS);
+    batches_->removed.recycle(removed, SPARE_NODES_BEYOND_MEMBERS);
+    batches_->changed.recycle(changed, batches_->features.size() + SPARE_NODES_BEYOND_MEMBERS);
 }
 
 bool FeatureCollection::isFiring() const {
@@ -264,8 +286,8 @@ void FeatureCollection::setShow(bool show) {
             return;
         }
         ++suspendCount_;
-        members.reserve(features_.size());
-        for (const auto& feature : features_.values()) {
+        members.reserve(batches_->features.size());
+        for (const auto& feature : batches_->features.values()) {
             members.emplace_back(feature, feature->isShowing());
         }
         show_ = show;
@@ -291,10 +313,10 @@ void FeatureCollection::_onFeatureDefinitionChanged(Feature* feature) {
         return;
     }
     const Lock lock(mutex_);
-    if (added_.contains(feature->getId())) {
+    if (batches_->added.contains(feature->getId())) {
         return;
     }
-    changed_.insert(feature);
+    batches_->changed.insert(feature);
     fireChangedEvent();
 }
 

@@ -1,7 +1,8 @@
 #include "Feature/FeatureGroup.h"
 
 #include "Feature/Feature.h"
-#include "Feature/SubscriptionPair.h"
+#include "Feature/ScopedListener.h"
+#include "FlatIdMap.h"
 
 #include <cstdint>
 #include <iterator>
@@ -68,14 +69,30 @@ void raiseShowingChanged(const FeatureGroup& group) {
 
 } // namespace
 
+// What the group keeps on each child: where it stands in children_ (so that hard removal finds it
+// without a search) and, for a child group, the subscription that relays its added-or-removed
+// event. Keyed by the node itself (keyOf): ids need not be unique in a tree, and a subscription
+// filed under a shared id could outlive its removal and call a group that is gone. The flat index
+// keeps the entries in one array, so that finding one costs no walk over nodes scattered on the
+// heap.
+struct FeatureGroup::ChildIndex {
+    struct Entry {
+        ChildList::iterator position;
+        std::weak_ptr<FunctionWrapper> subscription;
+    };
+    detail::FlatIdMap<Entry> entries;
+};
+
 FeatureGroup::FeatureGroup(std::optional<std::uint64_t> id)
     : FeatureBase(id)
-    , featureAddedOrRemoved_(std::make_unique<Publisher<AddedOrRemovedCallback>>()) {}
+    , featureAddedOrRemoved_(std::make_unique<Publisher<AddedOrRemovedCallback>>())
+    , childIndex_(std::make_unique<ChildIndex>()) {}
 
 FeatureGroup::FeatureGroup(const FeatureGroup& other)
     : FeatureBase(other)
     , std::enable_shared_from_this<FeatureGroup>()
-    , featureAddedOrRemoved_(std::make_unique<Publisher<AddedOrRemovedCallback>>()) {
+    , featureAddedOrRemoved_(std::make_unique<Publisher<AddedOrRemovedCallback>>())
+    , childIndex_(std::make_unique<ChildIndex>()) {
     for (const auto& child : other.children_) {
         add(std::shared_ptr<FeatureBase>(child->clone()));
     }
@@ -152,7 +169,7 @@ bool FeatureGroup::place(std::optional<std::uint64_t> position, std::shared_ptr<
     if (position && *position < children_.size()) {
         before = std::next(children_.begin(), static_cast<std::ptrdiff_t>(*position));
     }
-    ChildEntry& entry = *childEntries_.tryEmplace(keyOf(*node)).first;
+    ChildIndex::Entry& entry = *childIndex_->entries.tryEmplace(keyOf(*node)).first;
     entry.position = children_.insert(before, node);
     node->_setParent(this);
 
@@ -198,12 +215,12 @@ bool FeatureGroup::removeFromMemory(const std::shared_ptr<FeatureBase>& node) {
         // A node of another group is only removed softly there.
         return node->getParent()->remove(node);
     }
-    ChildEntry entry;
-    if (!childEntries_.take(keyOf(*node), entry)) {
+    ChildIndex::Entry entry;
+    if (!childIndex_->entries.take(keyOf(*node), entry)) {
         return false;
     }
     children_.erase(entry.position);
-    detail::disconnectListener(entry.subscription);
+    removeListener(entry.subscription);
     node->_setParent(nullptr);
     _raiseFeatureAddedOrRemovedEvent({}, leafFeatures(node));
     return true;
@@ -216,7 +233,7 @@ void FeatureGroup::removeAllFromMemory() {
         leaving.insert(leaving.end(), features.begin(), features.end());
     }
     disconnectChildren();
-    childEntries_.clear();
+    childIndex_->entries.clear();
     _raiseFeatureAddedOrRemovedEvent({}, leaving);
     for (const auto& child : children_) {
         if (child->getParent() == this) {
@@ -227,9 +244,8 @@ void FeatureGroup::removeAllFromMemory() {
 }
 
 void FeatureGroup::disconnectChildren() noexcept {
-    childEntries_.forEach([](std::uint64_t, const ChildEntry& entry) {
-        detail::disconnectListener(entry.subscription);
-    });
+    childIndex_->entries.forEach(
+        [](std::uint64_t, const ChildIndex::Entry& entry) { removeListener(entry.subscription); });
 }
 
 std::shared_ptr<FeatureBase> FeatureGroup::getById(std::uint64_t id) const {

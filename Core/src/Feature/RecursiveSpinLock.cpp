@@ -1,4 +1,4 @@
-#include "Feature/RecursiveSpinLock.h"
+#include "Feature/detail/RecursiveSpinLock.h"
 
 namespace keo::Feature::detail {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "EditRule.h"
-#include "Feature/SubscriptionPair.h"
+#include "Feature/detail/SubscriptionPair.h"
 
 #include <memory>
 #include <utility>

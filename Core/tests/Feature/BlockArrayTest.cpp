@@ -1,7 +1,7 @@
 // The dense storage behind the hash index: entries appended across block boundaries keep their
 // values and addresses, and clearing or destroying the entries destroys exactly what was made.
 
-#include "Feature/BlockArray.h"
+#include "BlockArray.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 // after an erased one shifted back and its entry left vacant for reuse), growth and clearing,
 // keys whose hashes agree in their high bits, checked against std::unordered_map.
 
-#include "Feature/FlatIdMap.h"
+#include "FlatIdMap.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // The id-keyed list of collections: insertion order, look-up and erasure by id, values appended
 // unindexed and found later, taking the values out, and reusing the nodes handed back.
 
-#include "Feature/OrderedIdMap.h"
+#include "OrderedIdMap.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "Feature/RecursiveSpinLock.h"
+#include "Feature/detail/RecursiveSpinLock.h"
 
 #include <gtest/gtest.h>
 

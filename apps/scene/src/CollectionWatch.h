@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ScopedListener.h"
+#include "Feature/ScopedListener.h"
 
 #include <cstddef>
 
@@ -40,7 +40,7 @@ public:
 
 private:
     CollectionCounts counts_;
-    ScopedListener listener_;
+    Feature::ScopedListener listener_;
 };
 
 } // namespace keo::scene

@@ -50,7 +50,7 @@ RendererSide::RendererSide(Feature::FeatureGroup& root)
     for (const auto& feature : leafFeatures(root_)) {
         recordOf(feature);
     }
-    treeListener_ = ScopedListener(root_._addFeatureAddedOrRemovedEventListener(
+    treeListener_ = Feature::ScopedListener(root_._addFeatureAddedOrRemovedEventListener(
         [this](const std::vector<std::shared_ptr<Feature::Feature>>& added,
                const std::vector<std::shared_ptr<Feature::Feature>>& removed) {
             onTreeChanged(added, removed);

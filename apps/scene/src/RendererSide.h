@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ScopedListener.h"
+#include "Feature/ScopedListener.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -121,7 +121,7 @@ private:
         const Feature::Feature* owner = nullptr;
     };
     std::unordered_map<std::shared_ptr<Entity>, ModelLoad> models_;
-    ScopedListener treeListener_;
+    Feature::ScopedListener treeListener_;
 };
 
 } // namespace keo::scene

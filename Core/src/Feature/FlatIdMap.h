@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Feature/BlockArray.h"
+#include "BlockArray.h"
 
 #include <algorithm>
 #include <array>

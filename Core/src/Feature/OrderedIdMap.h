@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Feature/FlatIdMap.h"
+#include "FlatIdMap.h"
 
 #include <cstddef>
 #include <cstdint>

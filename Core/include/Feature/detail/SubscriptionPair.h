@@ -1,22 +1,13 @@
 #pragma once
 
-#include "Feature/FunctionWrapper.h"
+// Not part of the API: a member type of the kit's own classes, installed only because their
+// headers hold it. It may change without notice.
 
-#include <memory>
+#include "Feature/ScopedListener.h"
+
 #include <utility>
 
-// For the kit's own classes: the listener handles that an owner keeps on an object it holds.
 namespace keo::Feature::detail {
-
-/**
- * @brief Removes the listener behind @p handle from its event, if both still exist (a handle
- * whose event is gone has simply expired).
- */
-inline void disconnectListener(const std::weak_ptr<FunctionWrapper>& handle) noexcept {
-    if (const auto wrapper = handle.lock()) {
-        wrapper->remove();
-    }
-}
 
 /**
  * @brief An owner's two subscriptions to one object it holds: to the object's definition-changed
@@ -26,19 +17,19 @@ inline void disconnectListener(const std::weak_ptr<FunctionWrapper>& handle) noe
 class SubscriptionPair final {
 public:
     SubscriptionPair() = default;
-    SubscriptionPair(const SubscriptionPair&) noexcept {}
-    SubscriptionPair& operator=(const SubscriptionPair&) noexcept { return *this; }
-    ~SubscriptionPair() { disconnect(); }
+    SubscriptionPair(const SubscriptionPair& /*other*/) noexcept {}
+    SubscriptionPair& operator=(const SubscriptionPair& /*other*/) noexcept { return *this; }
+    ~SubscriptionPair() = default;
 
     /** @brief Subscribes @p onDefinitionChanged and @p onChangedLock to @p source's events. */
     template <typename Source, typename OnDefinitionChanged, typename OnChangedLock>
     void connect(Source& source, OnDefinitionChanged&& onDefinitionChanged,
                  OnChangedLock&& onChangedLock) {
         disconnect();
-        definitionChanged_ = source._addDefinitionChangedEventListener(
-            std::forward<OnDefinitionChanged>(onDefinitionChanged));
-        changedLock_ =
-            source._addChangedLockEventListener(std::forward<OnChangedLock>(onChangedLock));
+        definitionChanged_ = ScopedListener(source._addDefinitionChangedEventListener(
+            std::forward<OnDefinitionChanged>(onDefinitionChanged)));
+        changedLock_ = ScopedListener(
+            source._addChangedLockEventListener(std::forward<OnChangedLock>(onChangedLock)));
     }
 
     /**
@@ -55,18 +46,13 @@ public:
 
     /** @brief Removes both listeners (if still attached) and forgets the handles. */
     void disconnect() noexcept {
-        disconnectOne(definitionChanged_);
-        disconnectOne(changedLock_);
+        definitionChanged_.reset();
+        changedLock_.reset();
     }
 
 private:
-    static void disconnectOne(std::weak_ptr<FunctionWrapper>& handle) noexcept {
-        disconnectListener(handle);
-        handle.reset();
-    }
-
-    std::weak_ptr<FunctionWrapper> definitionChanged_;
-    std::weak_ptr<FunctionWrapper> changedLock_;
+    ScopedListener definitionChanged_;
+    ScopedListener changedLock_;
 };
 
 } // namespace keo::Feature::detail

@@ -1,5 +1,8 @@
 #pragma once
 
+// Not part of the API: the lock of the kit's events, installed only because the event template
+// holds it. It may change without notice.
+
 #include "Feature/FeatureExport.h"
 
 #include <atomic>
