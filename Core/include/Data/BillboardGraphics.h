@@ -5,6 +5,7 @@
 #include "Data/DataExport.h"
 #include "Data/GeometryGraphics.h"
 #include "Data/HorizontalOrigin.h"
+#include "Data/ImageSource.h"
 #include "Data/VerticalOrigin.h"
 
 #include <optional>

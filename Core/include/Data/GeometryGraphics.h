@@ -10,8 +10,6 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <string>
-#include <variant>
 
 namespace keo {
 
@@ -49,12 +47,6 @@ public:
         PolylineVolume = 24, ///< PolylineVolumeGraphics.
         ParticleSystem = 25, ///< ParticleSystemGraphics.
     };
-
-    /**
-     * @brief An image given by its URI (a file path or URL; empty: no image) or as a decoded image
-     * (null: no image).
-     */
-    using ImageSource = std::variant<std::string, std::shared_ptr<Image>>;
 
     /** @brief The fields every graphics kind shares, with their defaults. */
     struct CommonOptions {

@@ -4,6 +4,7 @@
 #include "Common/Matrix2.h"
 #include "Common/Vector2.h"
 #include "Data/DataExport.h"
+#include "Data/ImageSource.h"
 #include "Data/MaterialProperty.h"
 
 namespace keo {

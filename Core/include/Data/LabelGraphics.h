@@ -6,6 +6,7 @@
 #include "Data/DataExport.h"
 #include "Data/GeometryGraphics.h"
 #include "Data/HorizontalOrigin.h"
+#include "Data/ImageSource.h"
 #include "Data/LabelStyle.h"
 #include "Data/VerticalOrigin.h"
 

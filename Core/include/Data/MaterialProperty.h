@@ -2,13 +2,13 @@
 
 #include "Common/Color.h"
 #include "Data/DataExport.h"
+#include "Data/ImageSource.h"
 #include "Data/TimePoint.h"
 
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <variant>
 
 namespace keo {
 
@@ -51,9 +51,6 @@ public:
         PolylineOutline = 8, ///< PolylineOutlineMaterialProperty: a line with an outline.
         WallDynamic = 9,     ///< WallDynamicMaterialProperty: an image moving across a surface.
     };
-
-    /** @brief An image given either by its URI (file path or URL) or as a decoded image. */
-    using ImageSource = std::variant<std::string, std::shared_ptr<Image>>;
 
     virtual ~MaterialProperty();
 

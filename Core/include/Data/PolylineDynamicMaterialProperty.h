@@ -2,6 +2,7 @@
 
 #include "Common/Color.h"
 #include "Data/DataExport.h"
+#include "Data/ImageSource.h"
 #include "Data/MaterialProperty.h"
 
 namespace keo {

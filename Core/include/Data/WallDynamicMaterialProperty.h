@@ -3,6 +3,7 @@
 #include "Common/Color.h"
 #include "Common/Vector2.h"
 #include "Data/DataExport.h"
+#include "Data/ImageSource.h"
 #include "Data/MaterialProperty.h"
 
 namespace keo {

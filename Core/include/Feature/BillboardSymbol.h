@@ -3,6 +3,7 @@
 #include "Common/Color.h"
 #include "Common/Vector2.h"
 #include "Data/HorizontalOrigin.h"
+#include "Data/ImageSource.h"
 #include "Data/VerticalOrigin.h"
 #include "Feature/FeatureExport.h"
 #include "Feature/Symbol.h"
@@ -10,7 +11,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <variant>
 
 namespace keo {
 class Image;
@@ -28,9 +28,6 @@ namespace keo::Feature {
  */
 class KEO_FEATURE_API BillboardSymbol final : public Symbol {
 public:
-    /** @brief The image: a path or URI, or a decoded image shared by pointer. */
-    using ImageSource = std::variant<std::string, std::shared_ptr<Image>>;
-
     /**
      * @brief An empty image path, the image's own width and height, scale 1, white (no tint),
      * both origins at their value 0 (the centre), no pixel offset.

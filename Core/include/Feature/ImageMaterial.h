@@ -3,6 +3,7 @@
 #include "Common/Color.h"
 #include "Common/Radian.h"
 #include "Common/Vector2.h"
+#include "Data/ImageSource.h"
 #include "Feature/FeatureExport.h"
 #include "Feature/ImageTileSizeUnit.h"
 #include "Feature/Material.h"

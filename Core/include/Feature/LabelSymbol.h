@@ -5,6 +5,7 @@
 #include "Common/Vector4.h"
 #include "Data/DistanceDisplayCondition.h"
 #include "Data/HorizontalOrigin.h"
+#include "Data/ImageSource.h"
 #include "Data/VerticalOrigin.h"
 #include "Feature/FeatureExport.h"
 #include "Feature/Symbol.h"
@@ -14,7 +15,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <variant>
 
 namespace keo {
 class Image;
@@ -38,9 +38,6 @@ class LineSymbol;
  */
 class KEO_FEATURE_API LabelSymbol final : public Symbol {
 public:
-    /** @brief A background image: a path or URI, or a decoded image shared with others. */
-    using ImageSource = std::variant<std::string, std::shared_ptr<Image>>;
-
     /** @brief How the hint line runs from the labelled point to the label (screen space). */
     enum class HintLineMode : std::uint8_t {
         /** @brief One straight segment from the point to the label's anchor. */

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Common/Color.h"
+#include "Data/ImageSource.h"
 #include "Feature/FeatureExport.h"
 #include "Feature/Material.h"
 

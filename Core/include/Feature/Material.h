@@ -9,8 +9,6 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <string>
-#include <variant>
 
 namespace keo {
 class GeometryGraphics;
@@ -57,9 +55,6 @@ public:
         PolygonDynamic = 8, ///< PolygonDynamicMaterial
         CircleWave = 10,    ///< CircleWaveMaterial
     };
-
-    /** @brief An image given by its path or URI (empty: no image) or as a decoded image. */
-    using ImageSource = std::variant<std::string, std::shared_ptr<keo::Image>>;
 
     virtual ~Material();
     Material& operator=(const Material&) = delete;

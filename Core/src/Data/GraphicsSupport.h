@@ -13,6 +13,7 @@
 #include "Data/DistanceDisplayCondition.h"
 #include "Data/FieldList.h"
 #include "Data/Image.h"
+#include "Data/ImageSource.h"
 #include "Data/ParticleBurst.h"
 #include "Data/PolygonHierarchy.h"
 #include "Data/Resource.h"
@@ -27,9 +28,6 @@
 #include <vector>
 
 namespace keo::detail {
-
-/** An image given by its URI or as a decoded image. */
-using ImageSource = std::variant<std::string, std::shared_ptr<Image>>;
 
 // ---- Setter rules -------------------------------------------------------------------------
 

@@ -44,7 +44,7 @@ ImageMaterial turnedTiles() {
 
 TEST(ImageMaterialTest, DefaultsAreAnEmptyPathOneTileCountNoOffsetNoRotationWhite) {
     const ImageMaterial material;
-    EXPECT_EQ(material.getImage(), Material::ImageSource(std::string()));
+    EXPECT_EQ(material.getImage(), keo::ImageSource(std::string()));
     EXPECT_EQ(material.getTileSize(), Vector2<float>(1.0f, 1.0f));
     EXPECT_EQ(material.getTileSizeUnit(), ImageTileSizeUnit::Count);
     EXPECT_EQ(material.getOffset(), Vector2<float>(0.0f, 0.0f));
@@ -56,7 +56,7 @@ TEST(ImageMaterialTest, DefaultsAreAnEmptyPathOneTileCountNoOffsetNoRotationWhit
 
 TEST(ImageMaterialTest, ConstructorTakesPathTileSizeAndColourWithCountUnitNoOffsetNoRotation) {
     const ImageMaterial material("tiles.png", {3.0f, 2.0f}, Color::RED);
-    EXPECT_EQ(material.getImage(), Material::ImageSource(std::string("tiles.png")));
+    EXPECT_EQ(material.getImage(), keo::ImageSource(std::string("tiles.png")));
     EXPECT_EQ(material.getTileSize(), Vector2<float>(3.0f, 2.0f));
     EXPECT_EQ(material.getColor(), Color::RED);
     EXPECT_EQ(material.getTileSizeUnit(), ImageTileSizeUnit::Count);
@@ -90,7 +90,7 @@ TEST(ImageMaterialTest, CopyConstructorCopiesEveryValueButResetsTheRepeatToZero)
 TEST(ImageMaterialTest, EverySetterFollowsTheEditRuleAndSetsTheChangedFlag) {
     const ImageMaterial prototype;
     expectSetterRule(prototype, &ImageMaterial::setImage, &ImageMaterial::getImage,
-                     Material::ImageSource(std::string("tiles.png")));
+                     keo::ImageSource(std::string("tiles.png")));
     expectSetterRule(prototype, &ImageMaterial::setTileSize, &ImageMaterial::getTileSize,
                      Vector2<float>(3.0f, 2.0f));
     expectSetterRule(prototype, &ImageMaterial::setTileSizeUnit, &ImageMaterial::getTileSizeUnit,
@@ -152,7 +152,7 @@ TEST(ImageMaterialTest, FirstUpdateBuildsThePropertyFromTheValues) {
     keo::PolylineGraphics graphics;
     material.update(graphics, false);
     const auto& property = imageProperty(graphics);
-    EXPECT_EQ(property.getImage(), Material::ImageSource(std::string("tiles.png")));
+    EXPECT_EQ(property.getImage(), keo::ImageSource(std::string("tiles.png")));
     EXPECT_EQ(property.getRepeat(), Vector2<float>(3.0f, 2.0f));
     EXPECT_EQ(property.getOffset(), Vector2<float>(0.25f, 0.5f));
     EXPECT_EQ(property.getMatrix(), Matrix2::fromRotation(Radian(0.3)));
@@ -165,11 +165,11 @@ TEST(ImageMaterialTest, LaterUpdateRefreshesImageAndOffsetOnlyWhenChanged) {
     property.setImage(std::string("other.png"));
     property.setOffset({9.0f, 9.0f});
     material._getMaterial(false);
-    EXPECT_EQ(property.getImage(), Material::ImageSource(std::string("other.png")));
+    EXPECT_EQ(property.getImage(), keo::ImageSource(std::string("other.png")));
     EXPECT_EQ(property.getOffset(), Vector2<float>(9.0f, 9.0f));
     material.setColor(Color::BLUE);
     material._getMaterial(false);
-    EXPECT_EQ(property.getImage(), Material::ImageSource(std::string("tiles.png")));
+    EXPECT_EQ(property.getImage(), keo::ImageSource(std::string("tiles.png")));
     EXPECT_EQ(property.getOffset(), Vector2<float>(0.25f, 0.5f));
 }
 

@@ -22,7 +22,7 @@ PolylineDynamicMaterialProperty& flowOf(Material& material) {
 
 TEST(LineDynamicMaterialTest, DefaultHasEmptyImageTileLength50Rate60AndAlpha0_99999) {
     const LineDynamicMaterial material;
-    EXPECT_EQ(material.getImage(), Material::ImageSource(std::string()));
+    EXPECT_EQ(material.getImage(), keo::ImageSource(std::string()));
     EXPECT_EQ(material.getTileLength(), 50.0f);
     EXPECT_EQ(material.getRate(), 60.0f);
     EXPECT_EQ(material.getColor().r, 1.0f);
@@ -34,7 +34,7 @@ TEST(LineDynamicMaterialTest, DefaultHasEmptyImageTileLength50Rate60AndAlpha0_99
 
 TEST(LineDynamicMaterialTest, ConstructorStoresImageColourRateAndTileLength) {
     const LineDynamicMaterial material("flow.png", Color::RED, 30.0f, 20.0f);
-    EXPECT_EQ(material.getImage(), Material::ImageSource(std::string("flow.png")));
+    EXPECT_EQ(material.getImage(), keo::ImageSource(std::string("flow.png")));
     EXPECT_EQ(material.getColor(), Color::RED);
     EXPECT_EQ(material.getRate(), 30.0f);
     EXPECT_EQ(material.getTileLength(), 20.0f);
@@ -44,7 +44,7 @@ TEST(LineDynamicMaterialTest, EverySetterFollowsTheEditRuleAndSetsTheChangedFlag
     const LineDynamicMaterial prototype;
     using keo::Feature::test::expectSetterRule;
     expectSetterRule(prototype, &LineDynamicMaterial::setImage, &LineDynamicMaterial::getImage,
-                     Material::ImageSource(std::string("flow.png")));
+                     keo::ImageSource(std::string("flow.png")));
     expectSetterRule(prototype, &LineDynamicMaterial::setTileLength,
                      &LineDynamicMaterial::getTileLength, 20.0f);
     expectSetterRule(prototype, &LineDynamicMaterial::setColor, &LineDynamicMaterial::getColor,
@@ -69,7 +69,7 @@ TEST(LineDynamicMaterialTest, FirstUpdateBuildsTheFlowWithTheTileLengthAsTexture
     LineDynamicMaterial material("flow.png", Color::RED, 30.0f, 20.0f);
     const auto& flow = flowOf(material);
     EXPECT_EQ(flow.getRate(), 30.0f);
-    EXPECT_EQ(flow.getImage(), Material::ImageSource(std::string("flow.png")));
+    EXPECT_EQ(flow.getImage(), keo::ImageSource(std::string("flow.png")));
     EXPECT_EQ(flow.getTextureSize(), 20.0f);
     EXPECT_EQ(flow.getColor(), Color::RED);
 }
@@ -82,12 +82,12 @@ TEST(LineDynamicMaterialTest, LaterUpdateRefreshesRateImageAndTextureSizeOnlyWhe
     flow.setTextureSize(1.0f);
     material._getMaterial(false);
     EXPECT_EQ(flow.getRate(), 1.0f);
-    EXPECT_EQ(flow.getImage(), Material::ImageSource(std::string("other.png")));
+    EXPECT_EQ(flow.getImage(), keo::ImageSource(std::string("other.png")));
     EXPECT_EQ(flow.getTextureSize(), 1.0f);
     material.setColor(Color::BLUE);
     material._getMaterial(false);
     EXPECT_EQ(flow.getRate(), 30.0f);
-    EXPECT_EQ(flow.getImage(), Material::ImageSource(std::string("flow.png")));
+    EXPECT_EQ(flow.getImage(), keo::ImageSource(std::string("flow.png")));
     EXPECT_EQ(flow.getTextureSize(), 20.0f);
 }
 

@@ -599,7 +599,7 @@ TEST(PointGeometryTest, TheBillboardTakesEverySymbolField) {
     scene.updateStyle();
     const auto* graphics = graphicsOf<BillboardGraphics>(*scene.child(BILLBOARD));
     ASSERT_NE(graphics, nullptr);
-    EXPECT_EQ(graphics->getImage(), BillboardGraphics::ImageSource(image));
+    EXPECT_EQ(graphics->getImage(), keo::ImageSource(image));
     EXPECT_EQ(graphics->getWidth(), std::optional<float>(32.0f));
     EXPECT_EQ(graphics->getHeight(), std::optional<float>(24.0f));
     EXPECT_EQ(graphics->getScale(), 1.5f);

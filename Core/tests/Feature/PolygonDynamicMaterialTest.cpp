@@ -38,7 +38,7 @@ PolygonDynamicMaterial scrollingTiles() {
 
 TEST(PolygonDynamicMaterialTest, DefaultsAreOneTileCountWhiteMovingAlongUAtSixty) {
     const PolygonDynamicMaterial material;
-    EXPECT_EQ(material.getImage(), Material::ImageSource(std::string()));
+    EXPECT_EQ(material.getImage(), keo::ImageSource(std::string()));
     EXPECT_EQ(material.getRepeat(), Vector2<float>(1.0f, 1.0f));
     EXPECT_EQ(material.getTileSize(), Vector2<float>(1.0f, 1.0f));
     EXPECT_EQ(material.getTileSizeUnit(), ImageTileSizeUnit::Count);
@@ -52,7 +52,7 @@ TEST(PolygonDynamicMaterialTest, DefaultsAreOneTileCountWhiteMovingAlongUAtSixty
 TEST(PolygonDynamicMaterialTest, ConstructorStoresImageColourRateTileSizeAndRepeat) {
     const PolygonDynamicMaterial material("tiles.png", Color::RED, 30.0f, {3.0f, 2.0f},
                                           {5.0f, 6.0f});
-    EXPECT_EQ(material.getImage(), Material::ImageSource(std::string("tiles.png")));
+    EXPECT_EQ(material.getImage(), keo::ImageSource(std::string("tiles.png")));
     EXPECT_EQ(material.getColor(), Color::RED);
     EXPECT_EQ(material.getRate(), 30.0f);
     EXPECT_EQ(material.getTileSize(), Vector2<float>(3.0f, 2.0f));
@@ -79,8 +79,7 @@ TEST(PolygonDynamicMaterialTest, CopyConstructorCopiesEveryValueWithTheRepeat) {
 TEST(PolygonDynamicMaterialTest, EverySetterFollowsTheEditRuleAndSetsTheChangedFlag) {
     const PolygonDynamicMaterial prototype;
     expectSetterRule(prototype, &PolygonDynamicMaterial::setImage,
-                     &PolygonDynamicMaterial::getImage,
-                     Material::ImageSource(std::string("tiles.png")));
+                     &PolygonDynamicMaterial::getImage, keo::ImageSource(std::string("tiles.png")));
     expectSetterRule(prototype, &PolygonDynamicMaterial::setRepeat,
                      &PolygonDynamicMaterial::getRepeat, Vector2<float>(5.0f, 6.0f));
     expectSetterRule(prototype, &PolygonDynamicMaterial::setTileSize,
@@ -149,7 +148,7 @@ TEST(PolygonDynamicMaterialTest, FirstUpdateBuildsTheMovingImagePropertyFromTheV
     const auto& wall = *property->asWallDynamicMaterialProperty();
     EXPECT_EQ(wall.getColor(), Color::RED);
     EXPECT_EQ(wall.getRate(), 30.0f);
-    EXPECT_EQ(wall.getImage(), Material::ImageSource(std::string("tiles.png")));
+    EXPECT_EQ(wall.getImage(), keo::ImageSource(std::string("tiles.png")));
     EXPECT_EQ(wall.getRepeat(), Vector2<float>(5.0f, 6.0f)); // no update derived it yet
     EXPECT_EQ(wall.getMovementDirection(), Vector2<float>(0.0f, 1.0f));
     EXPECT_FALSE(wall.isDynamic());
@@ -165,14 +164,14 @@ TEST(PolygonDynamicMaterialTest, LaterUpdateRefreshesTheMovementOnlyWhenChanged)
     wall.setRepeat({9.0f, 9.0f});
     material._getMaterial(false);
     EXPECT_EQ(wall.getRate(), 1.0f);
-    EXPECT_EQ(wall.getImage(), Material::ImageSource(std::string("other.png")));
+    EXPECT_EQ(wall.getImage(), keo::ImageSource(std::string("other.png")));
     EXPECT_EQ(wall.getMovementDirection(), Vector2<float>(1.0f, 1.0f));
     EXPECT_TRUE(wall.isDynamic());
     EXPECT_EQ(wall.getRepeat(), Vector2<float>(5.0f, 6.0f)); // the repeat is pushed every time
     material.setColor(Color::BLUE);
     material._getMaterial(false);
     EXPECT_EQ(wall.getRate(), 30.0f);
-    EXPECT_EQ(wall.getImage(), Material::ImageSource(std::string("tiles.png")));
+    EXPECT_EQ(wall.getImage(), keo::ImageSource(std::string("tiles.png")));
     EXPECT_EQ(wall.getMovementDirection(), Vector2<float>(0.0f, 1.0f));
     EXPECT_FALSE(wall.isDynamic());
 }
