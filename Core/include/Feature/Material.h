@@ -18,10 +18,6 @@ class MaterialProperty;
 
 namespace keo::Feature {
 
-namespace detail {
-struct LogSite;
-} // namespace detail
-
 /**
  * @brief The base of every material: how the surface of a geometry is painted, kept as a plain,
  * editable value that turns itself into the data library's material property on request.
@@ -134,16 +130,6 @@ protected:
     template <typename Property, typename MakeOptions, typename Refresh, typename Push>
     void refreshMaterial(bool highlight, MakeOptions&& makeOptions, Refresh&& refresh,
                          Push&& push) const;
-
-    /**
-     * @brief The assign of every kind @p Kind: when @p other is of another kind, logs the
-     * mismatch at @p site and changes nothing; otherwise copyFields(other as Kind) copies the
-     * kind's fields through the setters, then the base part is assigned. Defined in the
-     * library's sources.
-     */
-    template <typename Kind, typename CopyFields>
-    void assignSameKind(const Material& other, const detail::LogSite& site,
-                        CopyFields&& copyFields);
 
 private:
     mutable std::shared_ptr<keo::MaterialProperty> material_;

@@ -1,6 +1,6 @@
 #include "Feature/BillboardSymbol.h"
 
-#include "BeginAssign.h"
+#include "AssignSupport.h"
 #include "EditRule.h"
 
 namespace keo::Feature {
@@ -12,20 +12,18 @@ BillboardSymbol::BillboardSymbol(const BillboardSymbol& other) = default;
 BillboardSymbol::~BillboardSymbol() = default;
 
 void BillboardSymbol::assign(const Symbol& other) {
-    const auto* const source = detail::beginAssign(
-        *this, other,
-        {"Core/src/Feature/BillboardSymbol", __LINE__, "keo::Feature::BillboardSymbol::assign"});
-    if (source == nullptr) {
-        return;
-    }
-    std::visit([this](const auto& image) { setImage(image); }, source->image_);
-    setWidth(source->width_);
-    setHeight(source->height_);
-    setScale(source->scale_);
-    setColor(source->color_);
-    setHorizontalOrigin(source->horizontalOrigin_);
-    setVerticalOrigin(source->verticalOrigin_);
-    setPixelOffset(source->pixelOffset_);
+    detail::assignKind(*this, other, KEO_FEATURE_SITE("BillboardSymbol::assign"),
+                       [this](const BillboardSymbol& source) {
+                           std::visit([this](const auto& image) { setImage(image); },
+                                      source.image_);
+                           setWidth(source.width_);
+                           setHeight(source.height_);
+                           setScale(source.scale_);
+                           setColor(source.color_);
+                           setHorizontalOrigin(source.horizontalOrigin_);
+                           setVerticalOrigin(source.verticalOrigin_);
+                           setPixelOffset(source.pixelOffset_);
+                       });
 }
 
 std::shared_ptr<Symbol> BillboardSymbol::clone() const {

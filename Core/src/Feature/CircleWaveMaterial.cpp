@@ -1,5 +1,6 @@
 #include "Feature/CircleWaveMaterial.h"
 
+#include "AssignSupport.h"
 #include "MaterialSupport.h"
 
 #include "Data/CircleWaveMaterialProperty.h"
@@ -22,15 +23,13 @@ CircleWaveMaterial::CircleWaveMaterial(const CircleWaveMaterial& other) = defaul
 CircleWaveMaterial::~CircleWaveMaterial() = default;
 
 void CircleWaveMaterial::assign(const Material& other) {
-    assignSameKind<CircleWaveMaterial>(other,
-                                       {"Core/src/Feature/CircleWaveMaterial", __LINE__,
-                                        "keo::Feature::CircleWaveMaterial::assign"},
-                                       [this](const CircleWaveMaterial& source) {
-                                           setColor(source.color_);
-                                           setCount(source.count_);
-                                           setSpeed(source.speed_);
-                                           setDuration(source.duration_);
-                                       });
+    detail::assignKind(*this, other, KEO_FEATURE_SITE("CircleWaveMaterial::assign"),
+                       [this](const CircleWaveMaterial& source) {
+                           setColor(source.color_);
+                           setCount(source.count_);
+                           setSpeed(source.speed_);
+                           setDuration(source.duration_);
+                       });
 }
 
 std::shared_ptr<Material> CircleWaveMaterial::clone() const {

@@ -1,5 +1,6 @@
 #include "Feature/ColorMaterial.h"
 
+#include "AssignSupport.h"
 #include "MaterialSupport.h"
 
 #include "Data/ColorMaterialProperty.h"
@@ -16,9 +17,8 @@ ColorMaterial::ColorMaterial(const ColorMaterial& other) = default;
 ColorMaterial::~ColorMaterial() = default;
 
 void ColorMaterial::assign(const Material& other) {
-    assignSameKind<ColorMaterial>(
-        other, {"Core/src/Feature/ColorMaterial", __LINE__, "keo::Feature::ColorMaterial::assign"},
-        [this](const ColorMaterial& source) { setColor(source.color_); });
+    detail::assignKind(*this, other, KEO_FEATURE_SITE("ColorMaterial::assign"),
+                       [this](const ColorMaterial& source) { setColor(source.color_); });
 }
 
 std::shared_ptr<Material> ColorMaterial::clone() const {

@@ -5,6 +5,7 @@
 #include "Feature/Geometry.h"
 #include "Feature/Style.h"
 #include "FeatureLog.h"
+#include "FixedSites.h"
 
 #include <utility>
 
@@ -30,7 +31,7 @@ bool kindsMatch(Geometry::Type geometry, Style::Type style) noexcept {
     }
 }
 
-void checkKinds(const Geometry* geometry, const Style* style, const detail::LogSite& site) {
+void checkKinds(const Geometry* geometry, const Style* style, const detail::SourceSite& site) {
     if (geometry != nullptr && style != nullptr &&
         !kindsMatch(geometry->getType(), style->getType())) {
         detail::logWarning(site, "风格和几何体不匹配，风格不起作用。");
@@ -154,8 +155,7 @@ void Feature::setGeometry(std::shared_ptr<Geometry> geometry) {
     if (geometry == geometry_) {
         return;
     }
-    checkKinds(geometry.get(), style_.get(),
-               {"Core/src/Feature/Feature", 201, "keo::Feature::Feature::setGeometry"});
+    checkKinds(geometry.get(), style_.get(), detail::site::FEATURE_SET_GEOMETRY);
     geometrySubscription_.disconnect();
     {
         const Lock lock(*mutex_);
@@ -177,8 +177,7 @@ void Feature::setStyle(std::shared_ptr<Style> style) {
     if (style == style_) {
         return;
     }
-    checkKinds(geometry_.get(), style.get(),
-               {"Core/src/Feature/Feature", 244, "keo::Feature::Feature::setStyle"});
+    checkKinds(geometry_.get(), style.get(), detail::site::FEATURE_SET_STYLE);
     styleSubscription_.disconnect();
     {
         const Lock lock(*mutex_);

@@ -3,6 +3,7 @@
 #include "Common/InvalidParametersException.h"
 #include "Feature/Feature.h"
 #include "Feature/ScopedListener.h"
+#include "FixedSites.h"
 #include "FreshId.h"
 #include "OrderedIdMap.h"
 
@@ -15,20 +16,14 @@ namespace keo::Feature {
 namespace {
 
 constexpr int INVALID_PARAMETERS = 2;
-constexpr const char* SOURCE_PATH = "Core/src/Feature/FeatureCollection";
-
-// The lines each misuse reports as its origin.
-constexpr int RESUME_WITHOUT_SUSPEND_LINE = 42;
-constexpr int ADD_NULL_LINE = 53;
-constexpr int ADD_DUPLICATE_LINE = 63;
-constexpr int CONTAINS_NULL_LINE = 174;
 
 // List nodes a batch keeps for reuse (the changed batch: beyond the number of members, which it
 // never exceeds): enough for the single additions and removals that follow one another.
 constexpr std::size_t SPARE_NODES_BEYOND_MEMBERS = 64;
 
-[[noreturn]] void throwInvalid(const std::string& message, const char* function, int line) {
-    throw InvalidParametersException(INVALID_PARAMETERS, message, function, SOURCE_PATH, line);
+[[noreturn]] void throwInvalid(const std::string& message, const detail::SourceSite& site) {
+    throw InvalidParametersException(INVALID_PARAMETERS, message, std::string(site.function),
+                                     std::string(site.file), site.line);
 }
 
 // Removes the collection's listener from the event of every member of @p members. Done under the
@@ -105,7 +100,7 @@ void FeatureCollection::onMemberDefinitionChanged(Feature* feature, std::uint64_
 
 std::shared_ptr<Feature> FeatureCollection::add(std::shared_ptr<Feature> feature) {
     if (!feature) {
-        throwInvalid("feature is required.", "FeatureCollection::add()", ADD_NULL_LINE);
+        throwInvalid("feature is required.", detail::site::COLLECTION_ADD_NULL);
     }
     const std::uint64_t id = feature->getId();
     {
@@ -147,7 +142,7 @@ std::shared_ptr<Feature> FeatureCollection::add(std::shared_ptr<Feature> feature
         withdraw();
     }
     throwInvalid("An feature with id " + std::to_string(id) + " already exists in this collection.",
-                 "FeatureCollection::add()", ADD_DUPLICATE_LINE);
+                 detail::site::COLLECTION_ADD_DUPLICATE);
 }
 
 const FeatureCollection::FeatureList& FeatureCollection::getValues() const noexcept {
@@ -193,7 +188,7 @@ void FeatureCollection::removeAll() {
 
 bool FeatureCollection::contains(const std::shared_ptr<Feature>& feature) const {
     if (!feature) {
-        throwInvalid("feature is required", "FeatureCollection::contains()", CONTAINS_NULL_LINE);
+        throwInvalid("feature is required", detail::site::COLLECTION_CONTAINS_NULL);
     }
     const Lock lock(mutex_);
     return batches_->features.contains(feature->getId());
@@ -213,7 +208,7 @@ void FeatureCollection::resumeEvents() {
     const Lock lock(mutex_);
     if (suspendCount_ == 0) {
         throwInvalid("resumeEvents can not be called before suspendEvents.",
-                     "FeatureCollection::resumeEvents()", RESUME_WITHOUT_SUSPEND_LINE);
+                     detail::site::COLLECTION_RESUME_WITHOUT_SUSPEND);
     }
     --suspendCount_;
     fireChangedEvent();

@@ -13,7 +13,7 @@
 #include "Feature/Material.h"
 #include "Feature/PointGeometry.h"
 #include "Feature/Style.h"
-#include "FeatureLog.h"
+#include "FixedSites.h"
 #include "HeightReferenceRules.h"
 
 #include <cstdint>
@@ -107,9 +107,7 @@ Geometry::Geometry(const Geometry& other)
 Geometry::~Geometry() = default;
 
 void Geometry::assign(const Geometry& other) {
-    if (!detail::checkAssignKind(
-            other.getType() == getType(),
-            {"Core/src/Feature/Geometry", 65, "keo::Feature::Geometry::assign"})) {
+    if (!detail::checkAssignKind(other.getType() == getType(), detail::site::GEOMETRY_ASSIGN)) {
         return;
     }
     setDistanceDisplayCondition(other.distanceDisplayCondition_);

@@ -1,5 +1,6 @@
 #include "Feature/ImageMaterial.h"
 
+#include "AssignSupport.h"
 #include "MaterialSupport.h"
 #include "TileRepeat.h"
 
@@ -28,16 +29,15 @@ ImageMaterial::ImageMaterial(const ImageMaterial& other)
 ImageMaterial::~ImageMaterial() = default;
 
 void ImageMaterial::assign(const Material& other) {
-    assignSameKind<ImageMaterial>(
-        other, {"Core/src/Feature/ImageMaterial", __LINE__, "keo::Feature::ImageMaterial::assign"},
-        [this](const ImageMaterial& source) {
-            setImage(source.image_);
-            setTileSize(source.tileSize_);
-            setTileSizeUnit(source.tileSizeUnit_);
-            setOffset(source.offset_);
-            setRotation(source.rotation_);
-            setColor(source.color_);
-        });
+    detail::assignKind(*this, other, KEO_FEATURE_SITE("ImageMaterial::assign"),
+                       [this](const ImageMaterial& source) {
+                           setImage(source.image_);
+                           setTileSize(source.tileSize_);
+                           setTileSizeUnit(source.tileSizeUnit_);
+                           setOffset(source.offset_);
+                           setRotation(source.rotation_);
+                           setColor(source.color_);
+                       });
 }
 
 std::shared_ptr<Material> ImageMaterial::clone() const {

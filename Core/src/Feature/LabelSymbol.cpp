@@ -1,5 +1,6 @@
 #include "Feature/LabelSymbol.h"
 
+#include "AssignSupport.h"
 #include "DecimalText.h"
 #include "EditRule.h"
 #include "Feature/Feature.h"
@@ -85,33 +86,30 @@ LabelSymbol::LabelSymbol(const LabelSymbol& other)
 LabelSymbol::~LabelSymbol() = default;
 
 void LabelSymbol::assign(const Symbol& other) {
-    if (!detail::checkAssignKind(
-            other.getType() == getType(),
-            {"Core/src/Feature/LabelSymbol", __LINE__, "keo::Feature::LabelSymbol::assign"})) {
-        return;
-    }
-    Symbol::assign(other);
-    const auto& source = static_cast<const LabelSymbol&>(other);
-    setFieldName(source.fieldName_);
-    setFont(source.font_);
-    setSize(source.size_);
-    setScale(source.scale_);
-    setShowOutline(source.showOutline_);
-    setShowBackground(source.showBackground_);
-    setFillColor(source.fillColor_);
-    setOutlineColor(source.outlineColor_);
-    setOutlineWidth(source.outlineWidth_);
-    setBackgroundColor(source.backgroundColor_);
-    setBackgroundPadding(source.backgroundPadding_);
-    setPixelOffset(source.pixelOffset_);
-    setHorizontalOrigin(source.horizontalOrigin_);
-    setVerticalOrigin(source.verticalOrigin_);
-    setAvoidance(source.avoidance_);
-    setShowHintLine(source.showHintLine_);
-    setHintLineMode(source.hintLineMode_);
-    setDistanceDisplayCondition(source.distanceDisplayCondition_);
-    detail::applyEdit(*this, backgroundImage_, source.backgroundImage_);
-    detail::assignOwned(*this, hintLineSymbol_, source.hintLineSymbol_, hintLineSubscription_);
+    detail::assignKind(*this, other, KEO_FEATURE_SITE("LabelSymbol::assign"),
+                       [this](const LabelSymbol& source) {
+                           setFieldName(source.fieldName_);
+                           setFont(source.font_);
+                           setSize(source.size_);
+                           setScale(source.scale_);
+                           setShowOutline(source.showOutline_);
+                           setShowBackground(source.showBackground_);
+                           setFillColor(source.fillColor_);
+                           setOutlineColor(source.outlineColor_);
+                           setOutlineWidth(source.outlineWidth_);
+                           setBackgroundColor(source.backgroundColor_);
+                           setBackgroundPadding(source.backgroundPadding_);
+                           setPixelOffset(source.pixelOffset_);
+                           setHorizontalOrigin(source.horizontalOrigin_);
+                           setVerticalOrigin(source.verticalOrigin_);
+                           setAvoidance(source.avoidance_);
+                           setShowHintLine(source.showHintLine_);
+                           setHintLineMode(source.hintLineMode_);
+                           setDistanceDisplayCondition(source.distanceDisplayCondition_);
+                           detail::applyEdit(*this, backgroundImage_, source.backgroundImage_);
+                           detail::assignOwned(*this, hintLineSymbol_, source.hintLineSymbol_,
+                                               hintLineSubscription_);
+                       });
 }
 
 std::shared_ptr<Symbol> LabelSymbol::clone() const {

@@ -1,5 +1,6 @@
 #include "Feature/LengthLabelSymbol.h"
 
+#include "AssignSupport.h"
 #include "DecimalText.h"
 #include "EditRule.h"
 #include "FeatureLog.h"
@@ -9,19 +10,15 @@ namespace keo::Feature {
 LengthLabelSymbol::~LengthLabelSymbol() = default;
 
 void LengthLabelSymbol::assign(const Symbol& other) {
-    if (!detail::checkAssignKind(other.getType() == getType(),
-                                 {"Core/src/Feature/LengthLabelSymbol", __LINE__,
-                                  "keo::Feature::LengthLabelSymbol::assign"})) {
-        return;
-    }
-    Symbol::assign(other);
-    const auto& source = static_cast<const LengthLabelSymbol&>(other);
-    setShowSegments(source.showSegments_);
-    setShowTotal(source.showTotal_);
-    setUnit(source.unit_);
-    setDecimalPlaces(source.decimalPlaces_);
-    setSize(source.size_);
-    setBackgroundPadding(source.backgroundPadding_);
+    detail::assignKind(*this, other, KEO_FEATURE_SITE("LengthLabelSymbol::assign"),
+                       [this](const LengthLabelSymbol& source) {
+                           setShowSegments(source.showSegments_);
+                           setShowTotal(source.showTotal_);
+                           setUnit(source.unit_);
+                           setDecimalPlaces(source.decimalPlaces_);
+                           setSize(source.size_);
+                           setBackgroundPadding(source.backgroundPadding_);
+                       });
 }
 
 std::shared_ptr<Symbol> LengthLabelSymbol::clone() const {

@@ -1,5 +1,6 @@
 #include "Feature/LineArrowMaterial.h"
 
+#include "AssignSupport.h"
 #include "MaterialSupport.h"
 
 #include "Data/PolylineArrowMaterialProperty.h"
@@ -14,10 +15,8 @@ LineArrowMaterial::LineArrowMaterial(const LineArrowMaterial& other) = default;
 LineArrowMaterial::~LineArrowMaterial() = default;
 
 void LineArrowMaterial::assign(const Material& other) {
-    assignSameKind<LineArrowMaterial>(
-        other,
-        {"Core/src/Feature/LineArrowMaterial", __LINE__, "keo::Feature::LineArrowMaterial::assign"},
-        [this](const LineArrowMaterial& source) { setColor(source.color_); });
+    detail::assignKind(*this, other, KEO_FEATURE_SITE("LineArrowMaterial::assign"),
+                       [this](const LineArrowMaterial& source) { setColor(source.color_); });
 }
 
 std::shared_ptr<Material> LineArrowMaterial::clone() const {

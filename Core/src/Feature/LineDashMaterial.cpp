@@ -1,5 +1,6 @@
 #include "Feature/LineDashMaterial.h"
 
+#include "AssignSupport.h"
 #include "MaterialSupport.h"
 
 #include "Data/PolylineDashMaterialProperty.h"
@@ -18,15 +19,13 @@ LineDashMaterial::LineDashMaterial(const LineDashMaterial& other) = default;
 LineDashMaterial::~LineDashMaterial() = default;
 
 void LineDashMaterial::assign(const Material& other) {
-    assignSameKind<LineDashMaterial>(
-        other,
-        {"Core/src/Feature/LineDashMaterial", __LINE__, "keo::Feature::LineDashMaterial::assign"},
-        [this](const LineDashMaterial& source) {
-            setColor(source.color_);
-            setGapColor(source.gapColor_);
-            setDashPattern(source.dashPattern_);
-            setDashLength(source.dashLength_);
-        });
+    detail::assignKind(*this, other, KEO_FEATURE_SITE("LineDashMaterial::assign"),
+                       [this](const LineDashMaterial& source) {
+                           setColor(source.color_);
+                           setGapColor(source.gapColor_);
+                           setDashPattern(source.dashPattern_);
+                           setDashLength(source.dashLength_);
+                       });
 }
 
 std::shared_ptr<Material> LineDashMaterial::clone() const {

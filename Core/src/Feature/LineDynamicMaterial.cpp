@@ -1,5 +1,6 @@
 #include "Feature/LineDynamicMaterial.h"
 
+#include "AssignSupport.h"
 #include "MaterialSupport.h"
 
 #include "Data/PolylineDynamicMaterialProperty.h"
@@ -20,15 +21,13 @@ LineDynamicMaterial::LineDynamicMaterial(const LineDynamicMaterial& other) = def
 LineDynamicMaterial::~LineDynamicMaterial() = default;
 
 void LineDynamicMaterial::assign(const Material& other) {
-    assignSameKind<LineDynamicMaterial>(other,
-                                        {"Core/src/Feature/LineDynamicMaterial", __LINE__,
-                                         "keo::Feature::LineDynamicMaterial::assign"},
-                                        [this](const LineDynamicMaterial& source) {
-                                            setImage(source.image_);
-                                            setTileLength(source.tileLength_);
-                                            setColor(source.color_);
-                                            setRate(source.rate_);
-                                        });
+    detail::assignKind(*this, other, KEO_FEATURE_SITE("LineDynamicMaterial::assign"),
+                       [this](const LineDynamicMaterial& source) {
+                           setImage(source.image_);
+                           setTileLength(source.tileLength_);
+                           setColor(source.color_);
+                           setRate(source.rate_);
+                       });
 }
 
 std::shared_ptr<Material> LineDynamicMaterial::clone() const {

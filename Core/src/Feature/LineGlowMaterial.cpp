@@ -1,5 +1,6 @@
 #include "Feature/LineGlowMaterial.h"
 
+#include "AssignSupport.h"
 #include "MaterialSupport.h"
 
 #include "Data/PolylineGlowMaterialProperty.h"
@@ -16,14 +17,12 @@ LineGlowMaterial::LineGlowMaterial(const LineGlowMaterial& other) = default;
 LineGlowMaterial::~LineGlowMaterial() = default;
 
 void LineGlowMaterial::assign(const Material& other) {
-    assignSameKind<LineGlowMaterial>(
-        other,
-        {"Core/src/Feature/LineGlowMaterial", __LINE__, "keo::Feature::LineGlowMaterial::assign"},
-        [this](const LineGlowMaterial& source) {
-            setColor(source.color_);
-            setGlowPower(source.glowPower_);
-            setTaperPower(source.taperPower_);
-        });
+    detail::assignKind(*this, other, KEO_FEATURE_SITE("LineGlowMaterial::assign"),
+                       [this](const LineGlowMaterial& source) {
+                           setColor(source.color_);
+                           setGlowPower(source.glowPower_);
+                           setTaperPower(source.taperPower_);
+                       });
 }
 
 std::shared_ptr<Material> LineGlowMaterial::clone() const {

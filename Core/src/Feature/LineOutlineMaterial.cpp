@@ -1,5 +1,6 @@
 #include "Feature/LineOutlineMaterial.h"
 
+#include "AssignSupport.h"
 #include "MaterialSupport.h"
 
 #include "Data/PolylineOutlineMaterialProperty.h"
@@ -17,14 +18,12 @@ LineOutlineMaterial::LineOutlineMaterial(const LineOutlineMaterial& other) = def
 LineOutlineMaterial::~LineOutlineMaterial() = default;
 
 void LineOutlineMaterial::assign(const Material& other) {
-    assignSameKind<LineOutlineMaterial>(other,
-                                        {"Core/src/Feature/LineOutlineMaterial", __LINE__,
-                                         "keo::Feature::LineOutlineMaterial::assign"},
-                                        [this](const LineOutlineMaterial& source) {
-                                            setColor(source.color_);
-                                            setOutlineColor(source.outlineColor_);
-                                            setOutlineWidth(source.outlineWidth_);
-                                        });
+    detail::assignKind(*this, other, KEO_FEATURE_SITE("LineOutlineMaterial::assign"),
+                       [this](const LineOutlineMaterial& source) {
+                           setColor(source.color_);
+                           setOutlineColor(source.outlineColor_);
+                           setOutlineWidth(source.outlineWidth_);
+                       });
 }
 
 std::shared_ptr<Material> LineOutlineMaterial::clone() const {

@@ -1,5 +1,6 @@
 #include "Feature/LineSymbol.h"
 
+#include "AssignSupport.h"
 #include "EditRule.h"
 #include "Feature/LengthLabelSymbol.h"
 #include "Feature/Material.h"
@@ -22,18 +23,14 @@ LineSymbol::LineSymbol(const LineSymbol& other)
 LineSymbol::~LineSymbol() = default;
 
 void LineSymbol::assign(const Symbol& other) {
-    if (!detail::checkAssignKind(
-            other.getType() == getType(),
-            {"Core/src/Feature/LineSymbol", __LINE__, "keo::Feature::LineSymbol::assign"})) {
-        return;
-    }
-    Symbol::assign(other);
-    const auto& source = static_cast<const LineSymbol&>(other);
-    detail::assignOwned(*this, material_, source.material_, materialSubscription_);
-    setWidth(source.width_);
-    setPath(source.path_);
-    detail::assignOwned(*this, lengthLabelSymbol_, source.lengthLabelSymbol_,
-                        lengthLabelSubscription_);
+    detail::assignKind(
+        *this, other, KEO_FEATURE_SITE("LineSymbol::assign"), [this](const LineSymbol& source) {
+            detail::assignOwned(*this, material_, source.material_, materialSubscription_);
+            setWidth(source.width_);
+            setPath(source.path_);
+            detail::assignOwned(*this, lengthLabelSymbol_, source.lengthLabelSymbol_,
+                                lengthLabelSubscription_);
+        });
 }
 
 std::shared_ptr<Symbol> LineSymbol::clone() const {

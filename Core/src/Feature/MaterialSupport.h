@@ -1,7 +1,7 @@
 #pragma once
 
-// The shared paths of every material kind: the setter shape, the create-or-refresh update and
-// the assign with its kind check. Included by the material sources only.
+// The shared paths of every material kind: the setter shape and the create-or-refresh update.
+// Included by the material sources only.
 
 #include "Feature/Material.h"
 
@@ -49,16 +49,6 @@ void Material::refreshMaterial(bool highlight, MakeOptions&& makeOptions, Refres
     }
     Material::updateImplMaterial(highlight);
     changed_ = false;
-}
-
-template <typename Kind, typename CopyFields>
-void Material::assignSameKind(const Material& other, const detail::LogSite& site,
-                              CopyFields&& copyFields) {
-    if (!detail::checkAssignKind(other.getType() == getType(), site)) {
-        return;
-    }
-    copyFields(static_cast<const Kind&>(other));
-    Material::assign(other);
 }
 
 } // namespace keo::Feature

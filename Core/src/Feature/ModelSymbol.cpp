@@ -1,6 +1,6 @@
 #include "Feature/ModelSymbol.h"
 
-#include "BeginAssign.h"
+#include "AssignSupport.h"
 #include "EditRule.h"
 
 namespace keo::Feature {
@@ -12,17 +12,14 @@ ModelSymbol::ModelSymbol(const ModelSymbol& other) = default;
 ModelSymbol::~ModelSymbol() = default;
 
 void ModelSymbol::assign(const Symbol& other) {
-    const auto* const source = detail::beginAssign(
-        *this, other,
-        {"Core/src/Feature/ModelSymbol", __LINE__, "keo::Feature::ModelSymbol::assign"});
-    if (source == nullptr) {
-        return;
-    }
-    setModelUri(source->modelUri_);
-    setScale(source->scale_);
-    setColor(source->color_);
-    setRotation(source->rotation_);
-    setAllowPicking(source->allowPicking_);
+    detail::assignKind(*this, other, KEO_FEATURE_SITE("ModelSymbol::assign"),
+                       [this](const ModelSymbol& source) {
+                           setModelUri(source.modelUri_);
+                           setScale(source.scale_);
+                           setColor(source.color_);
+                           setRotation(source.rotation_);
+                           setAllowPicking(source.allowPicking_);
+                       });
 }
 
 std::shared_ptr<Symbol> ModelSymbol::clone() const {

@@ -2,6 +2,7 @@
 
 #include "Check.h"
 #include "EditRule.h"
+#include "FixedSites.h"
 
 #include "Data/BoxEmitter.h"
 #include "Data/CircleEmitter.h"
@@ -9,15 +10,6 @@
 #include "Data/SphereEmitter.h"
 
 namespace keo::Feature {
-
-namespace {
-
-// The sites at which the parameter checks are reported: constructor checks at the public
-// header, setter checks at this source.
-constexpr const char* HEADER_SITE = "Core/include/Feature/ParticleEmitter";
-constexpr const char* SOURCE_SITE = "Core/src/Feature/ParticleEmitter";
-
-} // namespace
 
 namespace detail {
 
@@ -94,11 +86,11 @@ void BoxEmitter::setDimensions(const Vector3<double>& value) {
         return;
     }
     KEO_FEATURE_CHECK(value.x >= 0.0 && "dimensions.x must be greater than or equal to 0.0",
-                      SOURCE_SITE, 79);
+                      detail::site::BOX_EMITTER_DIMENSION_X);
     KEO_FEATURE_CHECK(value.y >= 0.0 && "dimensions.y must be greater than or equal to 0.0",
-                      SOURCE_SITE, 80);
+                      detail::site::BOX_EMITTER_DIMENSION_Y);
     KEO_FEATURE_CHECK(value.z >= 0.0 && "dimensions.z must be greater than or equal to 0.0",
-                      SOURCE_SITE, 81);
+                      detail::site::BOX_EMITTER_DIMENSION_Z);
     detail::EmitterAccess::store(*this, dimensions_, value);
 }
 
@@ -111,7 +103,7 @@ void BoxEmitter::updateImpl() const {
 
 CircleEmitter::CircleEmitter(double radius)
     : radius_(radius) {
-    KEO_FEATURE_CHECK(radius > 0.0, HEADER_SITE, 124);
+    KEO_FEATURE_CHECK(radius > 0.0, detail::site::CIRCLE_EMITTER_RADIUS);
 }
 
 CircleEmitter::CircleEmitter(const CircleEmitter& other)
@@ -131,7 +123,7 @@ void CircleEmitter::setRadius(double value) {
     if (value == radius_) {
         return;
     }
-    KEO_FEATURE_CHECK(value > 0.0, SOURCE_SITE, 120);
+    KEO_FEATURE_CHECK(value > 0.0, detail::site::CIRCLE_EMITTER_SET_RADIUS);
     detail::EmitterAccess::store(*this, radius_, value);
 }
 
@@ -170,7 +162,7 @@ void ConeEmitter::updateImpl() const {
 
 SphereEmitter::SphereEmitter(double radius)
     : radius_(radius) {
-    KEO_FEATURE_CHECK(radius > 0, HEADER_SITE, 198);
+    KEO_FEATURE_CHECK(radius > 0, detail::site::SPHERE_EMITTER_RADIUS);
 }
 
 SphereEmitter::SphereEmitter(const SphereEmitter& other)
@@ -190,7 +182,7 @@ void SphereEmitter::setRadius(double value) {
     if (value == radius_) {
         return;
     }
-    KEO_FEATURE_CHECK(value > 0, SOURCE_SITE, 194);
+    KEO_FEATURE_CHECK(value > 0, detail::site::SPHERE_EMITTER_SET_RADIUS);
     detail::EmitterAccess::store(*this, radius_, value);
 }
 

@@ -1,6 +1,6 @@
 #include "Feature/ParticleSystemSymbol.h"
 
-#include "BeginAssign.h"
+#include "AssignSupport.h"
 #include "EditRule.h"
 #include "Subscription.h"
 
@@ -67,33 +67,29 @@ ParticleSystemSymbol::ParticleSystemSymbol(const ParticleSystemSymbol& other)
 ParticleSystemSymbol::~ParticleSystemSymbol() = default;
 
 void ParticleSystemSymbol::assign(const Symbol& other) {
-    const auto* const source =
-        detail::beginAssign(*this, other,
-                            {"Core/src/Feature/ParticleSystemSymbol", __LINE__,
-                             "keo::Feature::ParticleSystemSymbol::assign"});
-    if (source == nullptr) {
-        return;
-    }
-    setEmitter(source->emitter_);
-    setBursts(source->bursts_);
-    setImage(source->image_);
-    setMinimumImageSize(source->minimumImageSize_);
-    setMaximumImageSize(source->maximumImageSize_);
-    setStartColor(source->startColor_);
-    setEndColor(source->endColor_);
-    setStartScale(source->startScale_);
-    setEndScale(source->endScale_);
-    setEmissionRate(source->emissionRate_);
-    setMinimumSpeed(source->minimumSpeed_);
-    setMaximumSpeed(source->maximumSpeed_);
-    setMinimumParticleLife(source->minimumParticleLife_);
-    setMaximumParticleLife(source->maximumParticleLife_);
-    setSizeInMeters(source->sizeInMeters_);
-    setLoop(source->loop_);
-    setLifetime(source->lifetime_);
-    setGravity(source->gravity_);
-    setHeading(source->heading_);
-    setPitch(source->pitch_);
+    detail::assignKind(*this, other, KEO_FEATURE_SITE("ParticleSystemSymbol::assign"),
+                       [this](const ParticleSystemSymbol& source) {
+                           setEmitter(source.emitter_);
+                           setBursts(source.bursts_);
+                           setImage(source.image_);
+                           setMinimumImageSize(source.minimumImageSize_);
+                           setMaximumImageSize(source.maximumImageSize_);
+                           setStartColor(source.startColor_);
+                           setEndColor(source.endColor_);
+                           setStartScale(source.startScale_);
+                           setEndScale(source.endScale_);
+                           setEmissionRate(source.emissionRate_);
+                           setMinimumSpeed(source.minimumSpeed_);
+                           setMaximumSpeed(source.maximumSpeed_);
+                           setMinimumParticleLife(source.minimumParticleLife_);
+                           setMaximumParticleLife(source.maximumParticleLife_);
+                           setSizeInMeters(source.sizeInMeters_);
+                           setLoop(source.loop_);
+                           setLifetime(source.lifetime_);
+                           setGravity(source.gravity_);
+                           setHeading(source.heading_);
+                           setPitch(source.pitch_);
+                       });
 }
 
 std::shared_ptr<Symbol> ParticleSystemSymbol::clone() const {

@@ -1,5 +1,6 @@
 #include "Feature/PointGeometry.h"
 
+#include "AssignSupport.h"
 #include "CallbackPosition.h"
 #include "ChildEntity.h"
 #include "Common/Ellipsoid.h"
@@ -227,15 +228,8 @@ PointGeometry::PointGeometry(const PointGeometry& other)
 PointGeometry::~PointGeometry() = default;
 
 void PointGeometry::assign(const Geometry& other) {
-    // The cast is checked rather than trusted to the kind code, so that no other class claiming
-    // the point code is ever read as a point.
-    const auto* const source = dynamic_cast<const PointGeometry*>(&other);
-    if (!detail::checkAssignKind(source != nullptr, {"Core/src/Feature/PointGeometry", __LINE__,
-                                                     "keo::Feature::PointGeometry::assign"})) {
-        return;
-    }
-    Geometry::assign(other);
-    setPosition(source->position_);
+    detail::assignKind(*this, other, KEO_FEATURE_SITE("PointGeometry::assign"),
+                       [this](const PointGeometry& source) { setPosition(source.position_); });
 }
 
 std::unique_ptr<Geometry> PointGeometry::clone() const {

@@ -1,5 +1,6 @@
 #include "Feature/PointStyle.h"
 
+#include "AssignSupport.h"
 #include "Feature/BillboardSymbol.h"
 #include "Feature/ModelSymbol.h"
 #include "Feature/ParticleSystemSymbol.h"
@@ -32,17 +33,12 @@ PointStyle::PointStyle(const PointStyle& other)
 PointStyle::~PointStyle() = default;
 
 void PointStyle::assign(const Style& other) {
-    // The cast is checked rather than trusted to the kind code, so that no other class claiming
-    // the point code is ever read as a point style.
-    const PointStyle* const source = other.asPointStyle();
-    if (!detail::checkAssignKind(source != nullptr, {"Core/src/Feature/PointStyle", __LINE__,
-                                                     "keo::Feature::PointStyle::assign"})) {
-        return;
-    }
-    Style::assign(other);
-    forEachSlot(*source, [this](auto& slot, const auto& sourceSlot, auto& subscription) {
-        detail::assignOwned(*this, slot, sourceSlot, subscription);
-    });
+    detail::assignKind(
+        *this, other, KEO_FEATURE_SITE("PointStyle::assign"), [this](const PointStyle& source) {
+            forEachSlot(source, [this](auto& slot, const auto& sourceSlot, auto& subscription) {
+                detail::assignOwned(*this, slot, sourceSlot, subscription);
+            });
+        });
 }
 
 std::shared_ptr<Style> PointStyle::clone() const {

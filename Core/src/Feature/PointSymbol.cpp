@@ -1,6 +1,6 @@
 #include "Feature/PointSymbol.h"
 
-#include "BeginAssign.h"
+#include "AssignSupport.h"
 #include "EditRule.h"
 
 namespace keo::Feature {
@@ -12,16 +12,13 @@ PointSymbol::PointSymbol(const PointSymbol& other) = default;
 PointSymbol::~PointSymbol() = default;
 
 void PointSymbol::assign(const Symbol& other) {
-    const auto* const source = detail::beginAssign(
-        *this, other,
-        {"Core/src/Feature/PointSymbol", __LINE__, "keo::Feature::PointSymbol::assign"});
-    if (source == nullptr) {
-        return;
-    }
-    setPixelSize(source->pixelSize_);
-    setColor(source->color_);
-    setOutlineColor(source->outlineColor_);
-    setOutlineWidth(source->outlineWidth_);
+    detail::assignKind(*this, other, KEO_FEATURE_SITE("PointSymbol::assign"),
+                       [this](const PointSymbol& source) {
+                           setPixelSize(source.pixelSize_);
+                           setColor(source.color_);
+                           setOutlineColor(source.outlineColor_);
+                           setOutlineWidth(source.outlineWidth_);
+                       });
 }
 
 std::shared_ptr<Symbol> PointSymbol::clone() const {

@@ -1,5 +1,6 @@
 #include "Feature/PolygonDynamicMaterial.h"
 
+#include "AssignSupport.h"
 #include "MaterialSupport.h"
 #include "TileRepeat.h"
 
@@ -23,18 +24,16 @@ PolygonDynamicMaterial::PolygonDynamicMaterial(const PolygonDynamicMaterial& oth
 PolygonDynamicMaterial::~PolygonDynamicMaterial() = default;
 
 void PolygonDynamicMaterial::assign(const Material& other) {
-    assignSameKind<PolygonDynamicMaterial>(other,
-                                           {"Core/src/Feature/PolygonDynamicMaterial", __LINE__,
-                                            "keo::Feature::PolygonDynamicMaterial::assign"},
-                                           [this](const PolygonDynamicMaterial& source) {
-                                               setImage(source.image_);
-                                               setTileSize(source.tileSize_);
-                                               setTileSizeUnit(source.tileSizeUnit_);
-                                               setColor(source.color_);
-                                               setRate(source.rate_);
-                                               setMovementDirection(source.movementDirection_);
-                                               setMoving(source.moving_);
-                                           });
+    detail::assignKind(*this, other, KEO_FEATURE_SITE("PolygonDynamicMaterial::assign"),
+                       [this](const PolygonDynamicMaterial& source) {
+                           setImage(source.image_);
+                           setTileSize(source.tileSize_);
+                           setTileSizeUnit(source.tileSizeUnit_);
+                           setColor(source.color_);
+                           setRate(source.rate_);
+                           setMovementDirection(source.movementDirection_);
+                           setMoving(source.moving_);
+                       });
 }
 
 std::shared_ptr<Material> PolygonDynamicMaterial::clone() const {

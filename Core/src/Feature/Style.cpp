@@ -2,7 +2,7 @@
 
 #include "EditRule.h"
 #include "Feature/LabelSymbol.h"
-#include "FeatureLog.h"
+#include "FixedSites.h"
 #include "Subscription.h"
 
 namespace keo::Feature {
@@ -21,8 +21,7 @@ Style::Style(const Style& other)
 Style::~Style() = default;
 
 void Style::assign(const Style& other) {
-    if (!detail::checkAssignKind(other.type_ == type_,
-                                 {"Core/src/Feature/Style", 57, "keo::Feature::Style::assign"})) {
+    if (!detail::checkAssignKind(other.type_ == type_, detail::site::STYLE_ASSIGN)) {
         return;
     }
     detail::assignOwned(*this, labelSymbol_, other.labelSymbol_, labelSubscription_);

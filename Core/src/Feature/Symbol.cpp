@@ -1,7 +1,7 @@
 #include "Feature/Symbol.h"
 
 #include "EditRule.h"
-#include "FeatureLog.h"
+#include "FixedSites.h"
 
 namespace keo::Feature {
 
@@ -15,8 +15,7 @@ Symbol::Symbol(const Symbol& other)
 Symbol::~Symbol() = default;
 
 void Symbol::assign(const Symbol& other) {
-    if (!detail::checkAssignKind(other.getType() == getType(),
-                                 {"Core/src/Feature/Symbol", 35, "keo::Feature::Symbol::assign"})) {
+    if (!detail::checkAssignKind(other.getType() == getType(), detail::site::SYMBOL_ASSIGN)) {
         return;
     }
     setEnabled(other.enabled_);

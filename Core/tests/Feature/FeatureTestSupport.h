@@ -5,6 +5,7 @@
 #include "Feature/Feature.h"
 
 #include <cstdint>
+#include <fstream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -83,5 +84,26 @@ private:
 
 /** The message that every assign between different kinds logs. */
 inline const std::string kAssignKindMessage = "类型不同无法赋值！";
+
+/**
+ * The line of the kit's source @p sourcePath (without extension, e.g.
+ * "Core/src/Feature/PointSymbol") at which the log site of @p function (qualified, e.g.
+ * "keo::Feature::PointSymbol::assign") is written, or 0 when the file or the site is not found.
+ * Used to check that a log record carries the real line of its call.
+ */
+inline int logSiteLine(const std::string& sourcePath, const std::string& function) {
+    const std::string thisFile = __FILE__;
+    const std::string root = thisFile.substr(0, thisFile.rfind("Core/tests/Feature/"));
+    const std::string prefix = "keo::Feature::";
+    const std::string needle = "KEO_FEATURE_SITE(\"" + function.substr(prefix.size()) + "\")";
+    std::ifstream in(root + sourcePath + ".cpp");
+    std::string line;
+    for (int number = 1; std::getline(in, line); ++number) {
+        if (line.find(needle) != std::string::npos) {
+            return number;
+        }
+    }
+    return 0;
+}
 
 } // namespace keo::Feature::test

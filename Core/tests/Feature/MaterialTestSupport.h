@@ -12,7 +12,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <functional>
 #include <memory>
 #include <string>
@@ -92,24 +91,6 @@ AssignTrace traceAssign(const M& target, const M& source,
 }
 
 /**
- * The line of the kit's source Core/src/Feature/<name>.cpp where its log site is recorded (the
- * one line that holds the __LINE__ macro), or 0 when the file or the line is not found.
- */
-inline int logSiteLine(const std::string& name) {
-    std::string root = __FILE__;
-    const std::string here = "Core/tests/Feature/MaterialTestSupport.h";
-    root.erase(root.size() - here.size());
-    std::ifstream source(root + "Core/src/Feature/" + name + ".cpp");
-    std::string line;
-    for (int number = 1; std::getline(source, line); ++number) {
-        if (line.find("__LINE__") != std::string::npos) {
-            return number;
-        }
-    }
-    return 0;
-}
-
-/**
  * Checks that assigning @p other (of another kind) to a copy of @p target logs the kind mismatch
  * once at level 3 from the kind @p name's assign and raises nothing.
  */
@@ -126,7 +107,8 @@ void expectAssignFromOtherKindLogs(const M& target, const Material& other,
     EXPECT_EQ(records[0].message, kAssignKindMessage);
     EXPECT_EQ(records[0].level, 3);
     EXPECT_EQ(records[0].location.file, "Core/src/Feature/" + name);
-    EXPECT_EQ(records[0].location.line, logSiteLine(name));
+    EXPECT_EQ(records[0].location.line,
+              logSiteLine("Core/src/Feature/" + name, "keo::Feature::" + name + "::assign"));
     EXPECT_NE(records[0].location.line, 0);
     EXPECT_EQ(records[0].location.function, "keo::Feature::" + name + "::assign");
 }

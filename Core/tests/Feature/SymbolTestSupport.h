@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <functional>
 #include <string>
 #include <utility>
@@ -81,23 +80,6 @@ private:
 };
 
 /**
- * The line of @p needle in the library source @p relativePath (from the repository root), or 0.
- * Used to check that a log record carries the real line of its call.
- */
-inline int lineOfSource(const std::string& relativePath, const std::string& needle) {
-    const std::string thisFile = __FILE__;
-    const std::string root = thisFile.substr(0, thisFile.rfind("Core/tests/Feature/"));
-    std::ifstream in(root + relativePath);
-    std::string line;
-    for (int number = 1; std::getline(in, line); ++number) {
-        if (line.find(needle) != std::string::npos) {
-            return number;
-        }
-    }
-    return 0;
-}
-
-/**
  * Checks that @p log holds exactly one record: the assign kind message at level 3 from
  * @p sourcePath (without extension; the real line of its call) in function @p function.
  */
@@ -108,7 +90,7 @@ inline void expectAssignKindLogged(const CapturedLog& log, const std::string& so
     EXPECT_EQ(records[0].message, kAssignKindMessage);
     EXPECT_EQ(records[0].level, 3);
     EXPECT_EQ(records[0].location.file, sourcePath);
-    const int line = lineOfSource(sourcePath + ".cpp", "{\"" + sourcePath + "\", __LINE__");
+    const int line = logSiteLine(sourcePath, function);
     EXPECT_GT(line, 0);
     EXPECT_EQ(records[0].location.line, line);
     EXPECT_EQ(records[0].location.function, function);
