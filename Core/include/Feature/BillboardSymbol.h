@@ -13,10 +13,13 @@
 #include <string>
 
 namespace keo {
+class BillboardGraphics;
 class Image;
 } // namespace keo
 
 namespace keo::Feature {
+
+struct SymbolContext;
 
 /**
  * @brief An image drawn at a point feature's position, facing the viewer: an image file or a
@@ -90,6 +93,13 @@ public:
     const Vector2<float>& getPixelOffset() const noexcept { return pixelOffset_; }
     /** @brief Sets the offset of the anchor from the projected position, pixels. */
     void setPixelOffset(const Vector2<float>& offset);
+
+    /**
+     * @brief Writes the image into @p graphics: image, width, height, scale, colour
+     * (keo::Color::HIGHLIGHTCOLOR while the feature is highlighted), origins, pixel offset, the
+     * context's height reference and distance display condition.
+     */
+    void _fill(BillboardGraphics& graphics, const SymbolContext& context) const;
 
 private:
     ImageSource image_;

@@ -81,6 +81,11 @@ public:
      * their vertices.
      */
     virtual const std::vector<Cartographic>* _getCartographicPositions() const;
+    /**
+     * @brief Whether the label step draws the label over terrain and models (true) or not
+     * (false); empty, the base's answer, leaves the label graphics' own setting as it is.
+     */
+    virtual std::optional<bool> _isLabelOverlay() const;
 
     /** @brief The camera distances at which the geometry is shown; empty: at every distance. */
     const std::optional<DistanceDisplayCondition>& getDistanceDisplayCondition() const noexcept {
@@ -112,9 +117,9 @@ public:
      * feature's label text, else its name; the fill colour is Color::HIGHLIGHTCOLOR while the
      * feature is highlighted; the distance display condition is the intersection of the
      * feature's and the symbol's. The symbol's hint line is drawn by a "hint-line" child of the
-     * label (see LabelSymbol::setShowHintLine). The label of a PointGeometry is drawn over
-     * terrain and models when the point is an overlay (PointGeometry::isOverlay); other kinds
-     * leave the label's overlay setting as it is. Otherwise an existing "label-symbol" child is
+     * label (see LabelSymbol::setShowHintLine). The label is drawn over terrain and models as
+     * _isLabelOverlay says (a PointGeometry that is an overlay); kinds that answer nothing leave
+     * the label's overlay setting as it is. Otherwise an existing "label-symbol" child is
      * detached and reported removed. Returns true.
      */
     bool updateLabel(keo::Entity& entity, const Feature& feature, const Style* style) const;

@@ -15,15 +15,19 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace keo {
 class Image;
+class LabelGraphics;
+class PolylineGraphics;
 } // namespace keo
 
 namespace keo::Feature {
 
 class Feature;
 class LineSymbol;
+struct SymbolContext;
 
 /**
  * @brief The text label that any feature can carry: where its text comes from, font and size,
@@ -172,8 +176,28 @@ public:
      * attribute. Without a field name: the feature's label text, else its name.
      */
     std::string _getText(const Feature& feature) const;
+    /**
+     * @brief Writes the label into @p graphics with the text @p text: font, size, scale, style
+     * (fill and outline when the outline is shown, else fill), fill colour
+     * (keo::Color::HIGHLIGHTCOLOR while the feature is highlighted), outline colour and width,
+     * background (shown, colour, padding, image), pixel offset, origins, avoidance, the context's
+     * height reference, and the distance display condition: the context's intersected with this
+     * symbol's own (the larger near, the smaller far; whichever is present when one is missing).
+     */
+    void _fill(LabelGraphics& graphics, const SymbolContext& context, std::string text) const;
+    /**
+     * @brief Writes the hint line into @p graphics: the hint line symbol's width and material
+     * (see LineSymbol::_fill), or 1 pixel and white without one (or without its material); the
+     * screen-space vertices from the point to the label's pixel offset (with a bend for
+     * HintLineMode::Elbow); the context's height reference, draped on the surfaces it names
+     * (none for Absolute); the label's distance display condition (as _fill).
+     */
+    void _fillHintLine(PolylineGraphics& graphics, const SymbolContext& context) const;
 
 private:
+    std::optional<DistanceDisplayCondition> shownWithin(const SymbolContext& context) const;
+    std::vector<Vector2<float>> hintLineOffsets() const;
+
     std::string fieldName_;
     std::string font_;
     float size_ = 12.0f;

@@ -7,10 +7,15 @@
 
 #include <memory>
 
+namespace keo {
+class PolylineGraphics;
+} // namespace keo
+
 namespace keo::Feature {
 
 class LengthLabelSymbol;
 class Material;
+struct SymbolContext;
 
 /**
  * @brief A line: its material, width, an optional animated path along it, and optional length
@@ -63,6 +68,15 @@ public:
     }
     /** @brief Sets the length labels (relayed; the same pointer changes nothing). */
     void setLengthLabelSymbol(std::shared_ptr<LengthLabelSymbol> symbol);
+
+    /**
+     * @brief Writes the line's look into @p graphics: the width, the material (brought up to date
+     * and shared, showing keo::Color::HIGHLIGHTCOLOR while the feature is highlighted; without a
+     * material, the graphics' material is cleared, which draws the renderer's default) and the
+     * context's distance display condition. Positions, path, height reference and draping belong
+     * to the geometry that draws the line.
+     */
+    void _fill(PolylineGraphics& graphics, const SymbolContext& context) const;
 
 private:
     std::shared_ptr<Material> material_;

@@ -108,11 +108,6 @@ protected:
      */
     virtual void updateImplMaterial(bool highlight) const = 0;
 
-    /** @brief The colour shown: keo::Color::HIGHLIGHTCOLOR when @p highlight, else @p own. */
-    static const keo::Color& shownColor(const keo::Color& own, bool highlight) noexcept {
-        return highlight ? keo::Color::HIGHLIGHTCOLOR : own;
-    }
-
     /**
      * @brief The setter of every material field: the edit rule, setting the changed flag when it
      * stores. Returns whether it stored. Defined in the library's sources.

@@ -9,10 +9,13 @@
 #include <memory>
 
 namespace keo {
+class ModelGraphics;
 class Resource;
 } // namespace keo
 
 namespace keo::Feature {
+
+struct SymbolContext;
 
 /**
  * @brief A 3D model drawn at a point feature's position: its resource, scale, tint, rotation and
@@ -61,6 +64,13 @@ public:
     bool isAllowPicking() const noexcept { return allowPicking_; }
     /** @brief Sets whether the model can be picked. */
     void setAllowPicking(bool allow);
+
+    /**
+     * @brief Writes the model into @p graphics: URI, scale, rotation, colour
+     * (keo::Color::HIGHLIGHTCOLOR while the feature is highlighted), picking, the context's
+     * height reference and distance display condition.
+     */
+    void _fill(ModelGraphics& graphics, const SymbolContext& context) const;
 
 private:
     std::shared_ptr<Resource> modelUri_;

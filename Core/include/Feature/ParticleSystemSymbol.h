@@ -14,10 +14,13 @@
 #include <vector>
 
 namespace keo {
+class ParticleSystemGraphics;
 class Image;
 } // namespace keo
 
 namespace keo::Feature {
+
+struct SymbolContext;
 
 /**
  * @brief A particle effect (smoke, fire, a fountain) drawn at a point: the particles' image,
@@ -148,6 +151,14 @@ public:
     const Radian& getPitch() const noexcept { return pitch_; }
     /** @brief Sets the pitch of the emitter, radians. */
     void setPitch(const Radian& pitch);
+
+    /**
+     * @brief Writes the particle system into @p graphics: the emitter (brought up to date first),
+     * bursts, image and every particle value, the context's distance display condition, and the
+     * emitter's frame turned by the heading and tilted by the pitch. The particles keep their own
+     * colours while the feature is highlighted and take no height reference.
+     */
+    void _fill(ParticleSystemGraphics& graphics, const SymbolContext& context) const;
 
 private:
     std::shared_ptr<ParticleEmitter> emitter_;

@@ -65,6 +65,8 @@ public:
     std::unique_ptr<Geometry> clone() const override;
     /** @brief Type::Point. */
     Type getType() const override;
+    /** @brief The overlay flag: a point decides whether its label is drawn over everything. */
+    std::optional<bool> _isLabelOverlay() const override;
 
     /** @brief The position, or null when the point has none. */
     const PositionProperty* getPosition() const noexcept { return position_.get(); }

@@ -6,7 +6,13 @@
 
 #include <memory>
 
+namespace keo {
+class PointGraphics;
+} // namespace keo
+
 namespace keo::Feature {
+
+struct SymbolContext;
 
 /**
  * @brief A plain dot drawn at a point feature's position, with an outline.
@@ -49,6 +55,14 @@ public:
     float getOutlineWidth() const noexcept { return outlineWidth_; }
     /** @brief Sets the width of the outline, pixels. */
     void setOutlineWidth(float width);
+
+    /**
+     * @brief Writes the dot into @p graphics: pixel size, colour (keo::Color::HIGHLIGHTCOLOR
+     * while the feature is highlighted), the context's height reference and distance display
+     * condition. The outline colour and width are the symbol's own values for the application;
+     * the dot is drawn without them.
+     */
+    void _fill(PointGraphics& graphics, const SymbolContext& context) const;
 
 private:
     float pixelSize_ = 0.0f;

@@ -1,4 +1,7 @@
 #include "Feature/BillboardSymbol.h"
+#include "Data/BillboardGraphics.h"
+#include "Feature/Highlight.h"
+#include "Feature/SymbolContext.h"
 
 #include "AssignSupport.h"
 #include "EditRule.h"
@@ -70,6 +73,19 @@ void BillboardSymbol::setVerticalOrigin(const VerticalOrigin& origin) {
 
 void BillboardSymbol::setPixelOffset(const Vector2<float>& offset) {
     detail::applyEdit(*this, pixelOffset_, offset);
+}
+
+void BillboardSymbol::_fill(BillboardGraphics& graphics, const SymbolContext& context) const {
+    graphics.setImage(image_);
+    graphics.setWidth(width_);
+    graphics.setHeight(height_);
+    graphics.setScale(scale_);
+    graphics.setColor(shownColor(color_, context.highlight));
+    graphics.setHorizontalOrigin(horizontalOrigin_);
+    graphics.setVerticalOrigin(verticalOrigin_);
+    graphics.setPixelOffset(pixelOffset_);
+    graphics.setHeightReference(context.heightReference);
+    graphics.setDistanceDisplayCondition(context.distanceDisplayCondition);
 }
 
 } // namespace keo::Feature

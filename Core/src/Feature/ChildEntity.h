@@ -42,4 +42,13 @@ Graphics& ensureGraphics(Entity& entity, Make&& make) {
     return result;
 }
 
+/**
+ * @brief The graphics of @p entity as @p Graphics; when it has none or graphics of another kind,
+ * new graphics of the default options are set first.
+ */
+template <typename Graphics>
+Graphics& ensureGraphics(Entity& entity) {
+    return ensureGraphics<Graphics>(entity, [] { return std::make_shared<Graphics>(); });
+}
+
 } // namespace keo::Feature::detail

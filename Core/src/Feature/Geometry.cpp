@@ -1,20 +1,16 @@
 #include "Feature/Geometry.h"
 
 #include "ChildEntity.h"
-#include "Data/ColorMaterialProperty.h"
 #include "Data/Entity.h"
 #include "Data/LabelGraphics.h"
 #include "Data/PolylineGraphics.h"
-#include "DisplayCondition.h"
 #include "EditRule.h"
+#include "Feature/ChildEntityNames.h"
 #include "Feature/Feature.h"
 #include "Feature/LabelSymbol.h"
-#include "Feature/LineSymbol.h"
-#include "Feature/Material.h"
-#include "Feature/PointGeometry.h"
 #include "Feature/Style.h"
+#include "Feature/SymbolContext.h"
 #include "FixedSites.h"
-#include "HeightReferenceRules.h"
 
 #include <cstdint>
 #include <limits>
@@ -25,7 +21,6 @@ namespace {
 
 constexpr float LABEL_FONT_SIZE = 30.0f;
 constexpr const char* LABEL_FONT = "微软雅黑";
-constexpr float HINT_LINE_WIDTH = 1.0f;
 
 std::shared_ptr<LabelGraphics> makeLabelGraphics() {
     LabelGraphics::ConstructorOptions options;
@@ -37,62 +32,14 @@ std::shared_ptr<LabelGraphics> makeLabelGraphics() {
     return std::make_shared<LabelGraphics>(options);
 }
 
-// The screen-space vertices of the hint line, pixels from the labelled point: to the label's
-// pixel offset, straight or with one bend at the label's height.
-std::vector<Vector2<float>> hintLineOffsets(const LabelSymbol& symbol) {
-    const Vector2<float> origin(0.0f, 0.0f);
-    const Vector2<float>& label = symbol.getPixelOffset();
-    if (symbol.getHintLineMode() == LabelSymbol::HintLineMode::Elbow) {
-        return {origin, Vector2<float>(0.0f, label.y), label};
-    }
-    return {origin, label};
-}
-
-void updateHintLine(Entity& label, const LabelSymbol& symbol, const Feature& feature,
-                    HeightReference heightReference,
-                    const std::optional<DistanceDisplayCondition>& condition) {
+// The hint line of the label entity @p label: drawn while the symbol asks for one, else dropped.
+void updateHintLine(Entity& label, const LabelSymbol& symbol, const SymbolContext& context) {
     if (!symbol.isShowHintLine()) {
-        detail::removeChild(label, "hint-line", feature);
+        detail::removeChild(label, ChildEntityName::HINT_LINE, context.feature);
         return;
     }
-    const auto line = detail::findOrCreateChild(label, "hint-line", feature);
-    auto& graphics = detail::ensureGraphics<PolylineGraphics>(
-        *line, [] { return std::make_shared<PolylineGraphics>(); });
-    const LineSymbol* lineSymbol = symbol.getHintLineSymbol();
-    graphics.setWidth(lineSymbol != nullptr ? lineSymbol->getWidth() : HINT_LINE_WIDTH);
-    if (lineSymbol != nullptr && lineSymbol->getMaterial()) {
-        lineSymbol->getMaterial()->update(graphics, feature.isHighlight());
-    } else {
-        graphics.setMaterial(std::make_shared<ColorMaterialProperty>(Color::WHITE));
-    }
-    graphics.setPixelOffsets(hintLineOffsets(symbol));
-    const auto rule = detail::drapeRule(heightReference);
-    graphics.setClassificationType(rule ? rule->classification : std::nullopt);
-    graphics.setHeightReference(heightReference);
-    graphics.setDistanceDisplayCondition(condition);
-}
-
-void fillLabel(LabelGraphics& graphics, const LabelSymbol& symbol, const Feature& feature,
-               std::string text, HeightReference heightReference,
-               const std::optional<DistanceDisplayCondition>& condition) {
-    graphics.setText(std::move(text));
-    graphics.setFont(symbol.getFont());
-    graphics.setFontSize(symbol.getSize());
-    graphics.setScale(symbol.getScale());
-    graphics.setStyle(symbol.isShowOutline() ? LabelStyle::FillAndOutline : LabelStyle::Fill);
-    graphics.setFillColor(feature.isHighlight() ? Color::HIGHLIGHTCOLOR : symbol.getFillColor());
-    graphics.setOutlineColor(symbol.getOutlineColor());
-    graphics.setOutlineWidth(symbol.getOutlineWidth());
-    graphics.setShowBackground(symbol.isShowBackground());
-    graphics.setBackgroundColor(symbol.getBackgroundColor());
-    graphics.setBackgroundPadding(symbol.getBackgroundPadding());
-    graphics.setBackgroundImage(symbol.getBackgroundImage());
-    graphics.setPixelOffset(symbol.getPixelOffset());
-    graphics.setHorizontalOrigin(symbol.getHorizontalOrigin());
-    graphics.setVerticalOrigin(symbol.getVerticalOrigin());
-    graphics.setAvoidance(symbol.getAvoidance());
-    graphics.setHeightReference(heightReference);
-    graphics.setDistanceDisplayCondition(condition);
+    const auto line = detail::findOrCreateChild(label, ChildEntityName::HINT_LINE, context.feature);
+    symbol._fillHintLine(detail::ensureGraphics<PolylineGraphics>(*line), context);
 }
 
 } // namespace
@@ -121,6 +68,10 @@ const std::vector<Cartographic>* Geometry::_getCartographicPositions() const {
     return nullptr;
 }
 
+std::optional<bool> Geometry::_isLabelOverlay() const {
+    return std::nullopt;
+}
+
 void Geometry::setDistanceDisplayCondition(
     const std::optional<DistanceDisplayCondition>& condition) {
     detail::applyEdit(*this, distanceDisplayCondition_, condition);
@@ -137,24 +88,20 @@ bool Geometry::updateLabel(Entity& entity, const Feature& feature, const Style* 
         text = symbol->_getText(feature);
     }
     if (text.empty()) {
-        detail::removeChild(entity, "label-symbol", feature);
+        detail::removeChild(entity, ChildEntityName::LABEL, feature);
         return true;
     }
-    const auto label = detail::findOrCreateChild(entity, "label-symbol", feature);
+    const auto label = detail::findOrCreateChild(entity, ChildEntityName::LABEL, feature);
     auto& graphics = detail::ensureGraphics<LabelGraphics>(*label, makeLabelGraphics);
-    const HeightReference heightReference = style->getHeightReference();
-    // The label shows where both the feature and the symbol allow it.
-    const auto condition = detail::intersectDisplayConditions(
-        feature.getDistanceDisplayCondition(), symbol->getDistanceDisplayCondition());
-    fillLabel(graphics, *symbol, feature, std::move(text), heightReference, condition);
-    // A point decides whether its label is drawn over everything else; other kinds leave the
-    // label's own setting. The cast is checked, as other classes may claim the point code.
-    if (getType() == Type::Point) {
-        if (const auto* point = dynamic_cast<const PointGeometry*>(this)) {
-            graphics.setOverlay(point->isOverlay());
-        }
+    const SymbolContext context{feature, feature.getDistanceDisplayCondition(),
+                                style->getHeightReference(), feature.isHighlight()};
+    symbol->_fill(graphics, context, std::move(text));
+    // A kind may decide whether its label is drawn over everything else (a point does); the
+    // others leave the label's own setting.
+    if (const std::optional<bool> overlay = _isLabelOverlay()) {
+        graphics.setOverlay(*overlay);
     }
-    updateHintLine(*label, *symbol, feature, heightReference, condition);
+    updateHintLine(*label, *symbol, context);
     return true;
 }
 

@@ -1,11 +1,18 @@
 #include "Feature/LabelSymbol.h"
 
 #include "AssignSupport.h"
+#include "Data/ColorMaterialProperty.h"
+#include "Data/LabelGraphics.h"
+#include "Data/PolylineGraphics.h"
 #include "DecimalText.h"
+#include "DisplayCondition.h"
 #include "EditRule.h"
 #include "Feature/Feature.h"
+#include "Feature/Highlight.h"
 #include "Feature/LineSymbol.h"
+#include "Feature/SymbolContext.h"
 #include "FeatureLog.h"
+#include "HeightReferenceRules.h"
 #include "Subscription.h"
 
 #include <any>
@@ -24,6 +31,9 @@ bool integerText(const std::any& value, std::string& text) {
                  : false) ||
             ...);
 }
+
+// The width of a hint line drawn without a line symbol, pixels.
+constexpr float HINT_LINE_WIDTH = 1.0f;
 
 // An attribute value as label text; empty for a null value or a type without a text form.
 std::string attributeText(const std::any& value) {
@@ -214,6 +224,61 @@ std::string LabelSymbol::_getText(const Feature& feature) const {
     const auto& attributes = feature.getAttributes();
     const auto found = attributes.find(fieldName_);
     return found == attributes.end() ? std::string() : attributeText(found->second.value);
+}
+
+void LabelSymbol::_fill(LabelGraphics& graphics, const SymbolContext& context,
+                        std::string text) const {
+    graphics.setText(std::move(text));
+    graphics.setFont(font_);
+    graphics.setFontSize(size_);
+    graphics.setScale(scale_);
+    graphics.setStyle(showOutline_ ? LabelStyle::FillAndOutline : LabelStyle::Fill);
+    graphics.setFillColor(shownColor(fillColor_, context.highlight));
+    graphics.setOutlineColor(outlineColor_);
+    graphics.setOutlineWidth(outlineWidth_);
+    graphics.setShowBackground(showBackground_);
+    graphics.setBackgroundColor(backgroundColor_);
+    graphics.setBackgroundPadding(backgroundPadding_);
+    graphics.setBackgroundImage(backgroundImage_);
+    graphics.setPixelOffset(pixelOffset_);
+    graphics.setHorizontalOrigin(horizontalOrigin_);
+    graphics.setVerticalOrigin(verticalOrigin_);
+    graphics.setAvoidance(avoidance_);
+    graphics.setHeightReference(context.heightReference);
+    graphics.setDistanceDisplayCondition(shownWithin(context));
+}
+
+void LabelSymbol::_fillHintLine(PolylineGraphics& graphics, const SymbolContext& context) const {
+    if (hintLineSymbol_) {
+        hintLineSymbol_->_fill(graphics, context);
+    } else {
+        graphics.setWidth(HINT_LINE_WIDTH);
+    }
+    if (!hintLineSymbol_ || !hintLineSymbol_->getMaterial()) {
+        graphics.setMaterial(std::make_shared<ColorMaterialProperty>(Color::WHITE));
+    }
+    graphics.setPixelOffsets(hintLineOffsets());
+    const auto rule = detail::drapeRule(context.heightReference);
+    graphics.setClassificationType(rule ? rule->classification : std::nullopt);
+    graphics.setHeightReference(context.heightReference);
+    graphics.setDistanceDisplayCondition(shownWithin(context));
+}
+
+std::optional<DistanceDisplayCondition>
+LabelSymbol::shownWithin(const SymbolContext& context) const {
+    // The label shows where both the feature and the symbol allow it.
+    return detail::intersectDisplayConditions(context.distanceDisplayCondition,
+                                              distanceDisplayCondition_);
+}
+
+std::vector<Vector2<float>> LabelSymbol::hintLineOffsets() const {
+    // The screen-space vertices, pixels from the labelled point: to the label's pixel offset,
+    // straight or with one bend at the label's height.
+    const Vector2<float> origin(0.0f, 0.0f);
+    if (hintLineMode_ == HintLineMode::Elbow) {
+        return {origin, Vector2<float>(0.0f, pixelOffset_.y), pixelOffset_};
+    }
+    return {origin, pixelOffset_};
 }
 
 } // namespace keo::Feature

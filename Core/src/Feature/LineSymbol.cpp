@@ -1,4 +1,6 @@
 #include "Feature/LineSymbol.h"
+#include "Data/PolylineGraphics.h"
+#include "Feature/SymbolContext.h"
 
 #include "AssignSupport.h"
 #include "EditRule.h"
@@ -66,6 +68,16 @@ void LineSymbol::restartPath() {
 
 void LineSymbol::setLengthLabelSymbol(std::shared_ptr<LengthLabelSymbol> symbol) {
     detail::replaceOwned(*this, lengthLabelSymbol_, std::move(symbol), lengthLabelSubscription_);
+}
+
+void LineSymbol::_fill(PolylineGraphics& graphics, const SymbolContext& context) const {
+    graphics.setWidth(width_);
+    if (material_) {
+        material_->update(graphics, context.highlight);
+    } else {
+        graphics.setMaterial(nullptr);
+    }
+    graphics.setDistanceDisplayCondition(context.distanceDisplayCondition);
 }
 
 } // namespace keo::Feature

@@ -3,6 +3,7 @@
 // The shared paths of every material kind: the setter shape and the create-or-refresh update.
 // Included by the material sources only.
 
+#include "Feature/Highlight.h"
 #include "Feature/Material.h"
 
 #include "EditRule.h"

@@ -1,4 +1,7 @@
 #include "Feature/ModelSymbol.h"
+#include "Data/ModelGraphics.h"
+#include "Feature/Highlight.h"
+#include "Feature/SymbolContext.h"
 
 #include "AssignSupport.h"
 #include "EditRule.h"
@@ -49,6 +52,16 @@ void ModelSymbol::setRotation(const Vector3<Radian>& rotation) {
 
 void ModelSymbol::setAllowPicking(bool allow) {
     detail::applyEdit(*this, allowPicking_, allow);
+}
+
+void ModelSymbol::_fill(ModelGraphics& graphics, const SymbolContext& context) const {
+    graphics.setUri(modelUri_);
+    graphics.setScale(scale_);
+    graphics.setRotation(rotation_);
+    graphics.setColor(shownColor(color_, context.highlight));
+    graphics.setAllowPicking(allowPicking_);
+    graphics.setHeightReference(context.heightReference);
+    graphics.setDistanceDisplayCondition(context.distanceDisplayCondition);
 }
 
 } // namespace keo::Feature

@@ -1,4 +1,9 @@
 #include "Feature/ParticleSystemSymbol.h"
+#include "Common/HeadingPitchRoll.h"
+#include "Common/Matrix3.h"
+#include "Common/Matrix4.h"
+#include "Data/ParticleSystemGraphics.h"
+#include "Feature/SymbolContext.h"
 
 #include "AssignSupport.h"
 #include "EditRule.h"
@@ -179,6 +184,35 @@ void ParticleSystemSymbol::setHeading(const Radian& heading) {
 
 void ParticleSystemSymbol::setPitch(const Radian& pitch) {
     detail::applyEdit(*this, pitch_, pitch);
+}
+
+void ParticleSystemSymbol::_fill(ParticleSystemGraphics& graphics,
+                                 const SymbolContext& context) const {
+    if (const auto& emitter = emitter_->_update()) {
+        graphics.setEmitter(emitter);
+    }
+    graphics.setBursts(bursts_);
+    graphics.setImage(image_);
+    graphics.setMinimumImageSize(minimumImageSize_);
+    graphics.setMaximumImageSize(maximumImageSize_);
+    graphics.setStartColor(startColor_);
+    graphics.setEndColor(endColor_);
+    graphics.setStartScale(startScale_);
+    graphics.setEndScale(endScale_);
+    graphics.setEmissionRate(emissionRate_);
+    graphics.setMinimumSpeed(minimumSpeed_);
+    graphics.setMaximumSpeed(maximumSpeed_);
+    graphics.setMinimumParticleLife(minimumParticleLife_);
+    graphics.setMaximumParticleLife(maximumParticleLife_);
+    graphics.setSizeInMeters(sizeInMeters_);
+    graphics.setLoop(isLoop() != 0.0f);
+    graphics.setLifetime(lifetime_);
+    graphics.setGravity(gravity_);
+    graphics.setDistanceDisplayCondition(context.distanceDisplayCondition);
+    // The emitter frame is turned by the heading about the vertical and tilted by the pitch about
+    // the local x axis, the roll axis of the rotation; the middle angle stays zero.
+    const HeadingPitchRoll orientation(heading_, Radian(0.0), pitch_);
+    graphics.setEmitterModelMatrix(Matrix4(Matrix3::fromHeadingPitchRoll(orientation)));
 }
 
 } // namespace keo::Feature

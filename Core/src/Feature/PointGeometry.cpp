@@ -4,9 +4,6 @@
 #include "CallbackPosition.h"
 #include "ChildEntity.h"
 #include "Common/Ellipsoid.h"
-#include "Common/HeadingPitchRoll.h"
-#include "Common/Matrix3.h"
-#include "Common/Matrix4.h"
 #include "Data/BillboardGraphics.h"
 #include "Data/ConstantPositionProperty.h"
 #include "Data/Entity.h"
@@ -17,12 +14,13 @@
 #include "DisplayCondition.h"
 #include "EditRule.h"
 #include "Feature/BillboardSymbol.h"
+#include "Feature/ChildEntityNames.h"
 #include "Feature/Feature.h"
 #include "Feature/ModelSymbol.h"
-#include "Feature/ParticleEmitter.h"
 #include "Feature/ParticleSystemSymbol.h"
 #include "Feature/PointStyle.h"
 #include "Feature/PointSymbol.h"
+#include "Feature/SymbolContext.h"
 #include "FeatureLog.h"
 
 #include <string_view>
@@ -32,11 +30,11 @@ namespace keo::Feature {
 
 namespace {
 
-constexpr std::string_view LABEL_CHILD = "label-symbol";
-constexpr std::string_view HINT_LINE_CHILD = "hint-line";
-constexpr std::string_view BILLBOARD_CHILD = "billboard-symbol";
-constexpr std::string_view MODEL_CHILD = "model-symbol";
-constexpr std::string_view PARTICLE_SYSTEM_CHILD = "particle-system--symbol";
+using ChildEntityName::BILLBOARD;
+using ChildEntityName::HINT_LINE;
+using ChildEntityName::LABEL;
+using ChildEntityName::MODEL;
+using ChildEntityName::PARTICLE_SYSTEM;
 
 // The frame number of a position held in the Earth-fixed frame.
 constexpr int FIXED_FRAME = 0;
@@ -44,18 +42,6 @@ constexpr int FIXED_FRAME = 0;
 std::shared_ptr<PositionProperty> makeConstantPosition(const Vector3<double>& cartesian) {
     return std::make_shared<ConstantPositionProperty>(cartesian, FIXED_FRAME);
 }
-
-// What every symbol of a point is drawn with besides its own fields.
-struct SymbolContext {
-    const Feature& feature;
-    const std::optional<DistanceDisplayCondition>& condition;
-    HeightReference heightReference;
-
-    // The colour to draw a symbol of colour @p own: the highlight colour while highlighted.
-    const Color& tint(const Color& own) const noexcept {
-        return feature.isHighlight() ? Color::HIGHLIGHTCOLOR : own;
-    }
-};
 
 // @p symbol when it is present and shown; otherwise the child @p name is dropped and null given.
 template <typename Symbol>
@@ -68,87 +54,32 @@ const Symbol* shownOrDropChild(const Symbol* symbol, Entity& entity, std::string
     return nullptr;
 }
 
-// The graphics of the child @p name, the child and the graphics (of default options) made first
-// when missing.
-template <typename Graphics>
-Graphics& childGraphics(Entity& entity, std::string_view name, const Feature& feature) {
-    const auto child = detail::findOrCreateChild(entity, name, feature);
-    return detail::ensureGraphics<Graphics>(
-        *child, [] { return std::make_shared<Graphics>(typename Graphics::ConstructorOptions{}); });
-}
-
-bool drawBillboard(Entity& entity, const BillboardSymbol* symbol, const SymbolContext& context) {
-    symbol = shownOrDropChild(symbol, entity, BILLBOARD_CHILD, context.feature);
-    if (symbol == nullptr) {
+// Draws @p symbol into the child @p name (made, with graphics of the default options, when missing)
+// when it is shown and @p drawable; a shown symbol that is not drawable (a model without a model,
+// particles without an image) draws nothing but keeps an existing child. Returns whether it drew.
+template <typename Graphics, typename Symbol>
+bool drawChild(Entity& entity, const Symbol* symbol, std::string_view name,
+               const SymbolContext& context, bool (*drawable)(const Symbol&)) {
+    symbol = shownOrDropChild(symbol, entity, name, context.feature);
+    if (symbol == nullptr || !drawable(*symbol)) {
         return false;
     }
-    auto& graphics = childGraphics<BillboardGraphics>(entity, BILLBOARD_CHILD, context.feature);
-    graphics.setImage(symbol->getImage());
-    graphics.setWidth(symbol->getWidth());
-    graphics.setHeight(symbol->getHeight());
-    graphics.setScale(symbol->getScale());
-    graphics.setColor(context.tint(symbol->getColor()));
-    graphics.setHorizontalOrigin(symbol->getHorizontalOrigin());
-    graphics.setVerticalOrigin(symbol->getVerticalOrigin());
-    graphics.setPixelOffset(symbol->getPixelOffset());
-    graphics.setHeightReference(context.heightReference);
-    graphics.setDistanceDisplayCondition(context.condition);
+    const auto child = detail::findOrCreateChild(entity, name, context.feature);
+    symbol->_fill(detail::ensureGraphics<Graphics>(*child), context);
     return true;
 }
 
-// A shown model symbol without a model draws nothing but keeps an existing model child.
-bool drawModel(Entity& entity, const ModelSymbol* symbol, const SymbolContext& context) {
-    symbol = shownOrDropChild(symbol, entity, MODEL_CHILD, context.feature);
-    if (symbol == nullptr || !symbol->getModelUri()) {
-        return false;
-    }
-    auto& graphics = childGraphics<ModelGraphics>(entity, MODEL_CHILD, context.feature);
-    graphics.setUri(symbol->getModelUri());
-    graphics.setScale(symbol->getScale());
-    graphics.setRotation(symbol->getRotation());
-    graphics.setColor(context.tint(symbol->getColor()));
-    graphics.setAllowPicking(symbol->isAllowPicking());
-    graphics.setHeightReference(context.heightReference);
-    graphics.setDistanceDisplayCondition(context.condition);
+template <typename Symbol>
+bool always(const Symbol& /*symbol*/) {
     return true;
 }
 
-// The particles keep their own colours while highlighted and take no height reference. A shown
-// symbol without an image draws nothing but keeps an existing particle child.
-bool drawParticleSystem(Entity& entity, const ParticleSystemSymbol* symbol,
-                        const SymbolContext& context) {
-    symbol = shownOrDropChild(symbol, entity, PARTICLE_SYSTEM_CHILD, context.feature);
-    if (symbol == nullptr || !symbol->getImage()) {
-        return false;
-    }
-    auto& graphics =
-        childGraphics<ParticleSystemGraphics>(entity, PARTICLE_SYSTEM_CHILD, context.feature);
-    if (const auto& emitter = symbol->getEmitter()->_update()) {
-        graphics.setEmitter(emitter);
-    }
-    graphics.setBursts(symbol->getBursts());
-    graphics.setImage(symbol->getImage());
-    graphics.setMinimumImageSize(symbol->getMinimumImageSize());
-    graphics.setMaximumImageSize(symbol->getMaximumImageSize());
-    graphics.setStartColor(symbol->getStartColor());
-    graphics.setEndColor(symbol->getEndColor());
-    graphics.setStartScale(symbol->getStartScale());
-    graphics.setEndScale(symbol->getEndScale());
-    graphics.setEmissionRate(symbol->getEmissionRate());
-    graphics.setMinimumSpeed(symbol->getMinimumSpeed());
-    graphics.setMaximumSpeed(symbol->getMaximumSpeed());
-    graphics.setMinimumParticleLife(symbol->getMinimumParticleLife());
-    graphics.setMaximumParticleLife(symbol->getMaximumParticleLife());
-    graphics.setSizeInMeters(symbol->isSizeInMeters());
-    graphics.setLoop(symbol->isLoop() != 0.0f);
-    graphics.setLifetime(symbol->getLifetime());
-    graphics.setGravity(symbol->getGravity());
-    graphics.setDistanceDisplayCondition(context.condition);
-    // The emitter frame is turned by the heading about the vertical and tilted by the pitch about
-    // the local x axis, the roll axis of the rotation; the middle angle stays zero.
-    const HeadingPitchRoll orientation(symbol->getHeading(), Radian(0.0), symbol->getPitch());
-    graphics.setEmitterModelMatrix(Matrix4(Matrix3::fromHeadingPitchRoll(orientation)));
-    return true;
+bool hasModel(const ModelSymbol& symbol) {
+    return symbol.getModelUri() != nullptr;
+}
+
+bool hasImage(const ParticleSystemSymbol& symbol) {
+    return symbol.getImage() != nullptr;
 }
 
 // The dot is drawn by the root entity itself. Without a shown point symbol the root's graphics
@@ -161,13 +92,7 @@ bool drawPoint(Entity& entity, const PointSymbol* symbol, bool drawn,
         }
         return drawn;
     }
-    auto& graphics = detail::ensureGraphics<PointGraphics>(entity, [] {
-        return std::make_shared<PointGraphics>(PointGraphics::ConstructorOptions{});
-    });
-    graphics.setPixelSize(symbol->getPixelSize());
-    graphics.setColor(context.tint(symbol->getColor()));
-    graphics.setHeightReference(context.heightReference);
-    graphics.setDistanceDisplayCondition(context.condition);
+    symbol->_fill(detail::ensureGraphics<PointGraphics>(entity), context);
     return true;
 }
 
@@ -232,6 +157,10 @@ void PointGeometry::assign(const Geometry& other) {
                        [this](const PointGeometry& source) { setPosition(source.position_); });
 }
 
+std::optional<bool> PointGeometry::_isLabelOverlay() const {
+    return overlay_;
+}
+
 std::unique_ptr<Geometry> PointGeometry::clone() const {
     return std::make_unique<PointGeometry>(*this);
 }
@@ -270,21 +199,28 @@ bool PointGeometry::_updateGeometry(Entity& entity, const Style* /*style*/) {
 
 bool PointGeometry::_updateStyle(Entity& entity, const Feature& feature, const Style* style) {
     // The label counts as drawn output only when it is there.
-    bool drawn = updateLabel(entity, feature, style) && entity.getChildByName(LABEL_CHILD);
+    bool drawn = updateLabel(entity, feature, style) && entity.getChildByName(LABEL);
     // The symbols show where both the feature and the geometry allow it.
     const auto condition = detail::intersectDisplayConditions(feature.getDistanceDisplayCondition(),
                                                               getDistanceDisplayCondition());
     const PointStyle* const pointStyle = style != nullptr ? style->asPointStyle() : nullptr;
     if (pointStyle == nullptr) {
         // The particle child is kept: it belongs to the particle symbol, not to the point's look.
-        detail::removeChild(entity, BILLBOARD_CHILD, feature);
-        detail::removeChild(entity, MODEL_CHILD, feature);
+        detail::removeChild(entity, BILLBOARD, feature);
+        detail::removeChild(entity, MODEL, feature);
         entity.setGeometryGraphics(nullptr);
     } else {
-        const SymbolContext context{feature, condition, pointStyle->getHeightReference()};
-        drawn = drawBillboard(entity, pointStyle->getBillboardSymbol(), context) || drawn;
-        drawn = drawModel(entity, pointStyle->getModelSymbol(), context) || drawn;
-        drawn = drawParticleSystem(entity, pointStyle->getParticleSystemSymbol(), context) || drawn;
+        const SymbolContext context{feature, condition, pointStyle->getHeightReference(),
+                                    feature.isHighlight()};
+        drawn = drawChild<BillboardGraphics>(entity, pointStyle->getBillboardSymbol(), BILLBOARD,
+                                             context, always<BillboardSymbol>) ||
+                drawn;
+        drawn = drawChild<ModelGraphics>(entity, pointStyle->getModelSymbol(), MODEL, context,
+                                         hasModel) ||
+                drawn;
+        drawn = drawChild<ParticleSystemGraphics>(entity, pointStyle->getParticleSystemSymbol(),
+                                                  PARTICLE_SYSTEM, context, hasImage) ||
+                drawn;
         drawn = drawPoint(entity, pointStyle->getPointSymbol().get(), drawn, context);
     }
     if (!drawn && !entity.getGeometryGraphics()) {
@@ -303,9 +239,9 @@ void PointGeometry::propagatePosition(Entity& entity, Pass pass) {
         entity.setPosition(position_);
     }
 
-    if (const auto label = entity.getChildByName(LABEL_CHILD)) {
-        const auto model = entity.getChildByName(MODEL_CHILD);
-        const auto hintLine = label->getChildByName(HINT_LINE_CHILD);
+    if (const auto label = entity.getChildByName(LABEL)) {
+        const auto model = entity.getChildByName(MODEL);
+        const auto hintLine = label->getChildByName(HINT_LINE);
         const bool placeLabel = geometryPass || !label->getPosition();
         if (placeLabel || hintLine) {
             // Over a model the label (and its hint line) ride on the model's top.
@@ -326,12 +262,12 @@ void PointGeometry::propagatePosition(Entity& entity, Pass pass) {
         }
     }
 
-    if (const auto billboard = entity.getChildByName(BILLBOARD_CHILD)) {
+    if (const auto billboard = entity.getChildByName(BILLBOARD)) {
         if (geometryPass || !billboard->getPosition()) {
             billboard->setPosition(position_);
         }
     }
-    for (const std::string_view name : {MODEL_CHILD, PARTICLE_SYSTEM_CHILD}) {
+    for (const std::string_view name : {MODEL, PARTICLE_SYSTEM}) {
         if (const auto child = entity.getChildByName(name)) {
             placeAndOrient(*child, position_);
         }

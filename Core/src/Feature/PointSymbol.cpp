@@ -1,4 +1,7 @@
 #include "Feature/PointSymbol.h"
+#include "Data/PointGraphics.h"
+#include "Feature/Highlight.h"
+#include "Feature/SymbolContext.h"
 
 #include "AssignSupport.h"
 #include "EditRule.h"
@@ -43,6 +46,13 @@ void PointSymbol::setOutlineColor(const Color& color) {
 
 void PointSymbol::setOutlineWidth(float width) {
     detail::applyEdit(*this, outlineWidth_, width);
+}
+
+void PointSymbol::_fill(PointGraphics& graphics, const SymbolContext& context) const {
+    graphics.setPixelSize(pixelSize_);
+    graphics.setColor(shownColor(color_, context.highlight));
+    graphics.setHeightReference(context.heightReference);
+    graphics.setDistanceDisplayCondition(context.distanceDisplayCondition);
 }
 
 } // namespace keo::Feature

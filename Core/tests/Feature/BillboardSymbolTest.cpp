@@ -1,7 +1,10 @@
 #include "Feature/BillboardSymbol.h"
 
+#include "Data/BillboardGraphics.h"
 #include "Data/Image.h"
+#include "Feature/Feature.h"
 #include "Feature/PointSymbol.h"
+#include "Feature/SymbolContext.h"
 #include "SymbolTestSupport.h"
 
 #include <gtest/gtest.h>
@@ -233,6 +236,37 @@ TEST(BillboardSymbolTest, CloneAndCopyHaveEveryFieldSharingTheImageAndEventsOfTh
         EXPECT_EQ(std::get<std::shared_ptr<Image>>(copy.getImage()), image);
         copy.setScale(7.0f);
     });
+}
+
+// --- _fill: the symbol written into its graphics --------------------------------------------
+
+TEST(BillboardSymbolTest, FillWritesTheImageAndTheContextIntoTheGraphics) {
+    const keo::Feature::Feature feature;
+    const auto image = makeImage();
+    const BillboardSymbol symbol = makeEdited(image);
+    const keo::DistanceDisplayCondition condition(5.0f, 50.0f);
+    keo::BillboardGraphics graphics;
+    symbol._fill(graphics, {feature, condition, keo::HeightReference::RelativeToGround, false});
+    EXPECT_EQ(graphics.getImage(), keo::ImageSource(image));
+    EXPECT_EQ(graphics.getWidth(), std::optional<float>(32.0f));
+    EXPECT_EQ(graphics.getHeight(), std::optional<float>(16.0f));
+    EXPECT_EQ(graphics.getScale(), 2.0f);
+    EXPECT_EQ(graphics.getColor(), Color::RED);
+    EXPECT_EQ(graphics.getHorizontalOrigin(), HorizontalOrigin::Left);
+    EXPECT_EQ(graphics.getVerticalOrigin(), VerticalOrigin::Bottom);
+    EXPECT_EQ(graphics.getPixelOffset(), Vector2<float>(3.0f, -4.0f));
+    EXPECT_EQ(graphics.getHeightReference(), keo::HeightReference::RelativeToGround);
+    EXPECT_EQ(graphics.getDistanceDisplayCondition(), condition);
+}
+
+TEST(BillboardSymbolTest, FillShowsTheHighlightColourOnlyWhileHighlighted) {
+    const keo::Feature::Feature feature;
+    const BillboardSymbol symbol = makeEdited(makeImage());
+    keo::BillboardGraphics graphics;
+    symbol._fill(graphics, {feature, std::nullopt, keo::HeightReference::Absolute, true});
+    EXPECT_EQ(graphics.getColor(), Color::HIGHLIGHTCOLOR);
+    symbol._fill(graphics, {feature, std::nullopt, keo::HeightReference::Absolute, false});
+    EXPECT_EQ(graphics.getColor(), Color::RED);
 }
 
 } // namespace

@@ -1,8 +1,14 @@
 #include "Feature/LabelSymbol.h"
 
 #include "Data/Image.h"
+#include "Data/LabelGraphics.h"
+#include "Data/MaterialProperty.h"
+#include "Data/PolylineGraphics.h"
+#include "Feature/ColorMaterial.h"
+#include "Feature/Feature.h"
 #include "Feature/LengthLabelSymbol.h"
 #include "Feature/LineSymbol.h"
+#include "Feature/SymbolContext.h"
 #include "FeatureTestSupport.h"
 
 #include <gtest/gtest.h>
@@ -224,6 +230,129 @@ TEST(LabelSymbolTest, ACloneHasItsOwnHintLineSymbolAndNoListeners) {
     copy->getHintLineSymbol()->setWidth(9.0f);
     EXPECT_EQ(copyRecorder.events, "LUD");
     EXPECT_EQ(sourceRecorder.events, "");
+}
+
+// --- _fill and _fillHintLine: the symbol written into its graphics ----------------------------
+
+LabelSymbol makeFillSource(const std::shared_ptr<Image>& image) {
+    LabelSymbol symbol;
+    symbol.setFont("serif");
+    symbol.setSize(18.0f);
+    symbol.setScale(1.5f);
+    symbol.setShowOutline(false);
+    symbol.setShowBackground(true);
+    symbol.setFillColor(Color::YELLOW);
+    symbol.setOutlineColor(Color::BLUE);
+    symbol.setOutlineWidth(2.0f);
+    symbol.setBackgroundColor(Color::GREEN);
+    symbol.setBackgroundPadding({1.0f, 2.0f, 3.0f, 4.0f});
+    symbol.setBackgroundImage(image);
+    symbol.setPixelOffset({10.0f, 20.0f});
+    symbol.setHorizontalOrigin(keo::HorizontalOrigin::Left);
+    symbol.setVerticalOrigin(keo::VerticalOrigin::Top);
+    symbol.setAvoidance(false);
+    symbol.setDistanceDisplayCondition(DistanceDisplayCondition(50.0f, 800.0f));
+    return symbol;
+}
+
+TEST(LabelSymbolTest, FillWritesTheTextEveryFieldAndTheIntersectedCondition) {
+    const keo::Feature::Feature feature;
+    const auto image = std::make_shared<Image>(1u, 1u, std::vector<std::uint8_t>{1, 2, 3, 4});
+    const LabelSymbol symbol = makeFillSource(image);
+    keo::LabelGraphics graphics;
+    symbol._fill(graphics,
+                 {feature, DistanceDisplayCondition(100.0f, 2000.0f),
+                  keo::HeightReference::ClampToGround, false},
+                 "Tower");
+    EXPECT_EQ(graphics.getText(), "Tower");
+    EXPECT_EQ(graphics.getFont(), "serif");
+    EXPECT_EQ(graphics.getFontSize(), 18.0f);
+    EXPECT_EQ(graphics.getScale(), 1.5f);
+    EXPECT_EQ(graphics.getStyle(), keo::LabelStyle::Fill);
+    EXPECT_EQ(graphics.getFillColor(), Color::YELLOW);
+    EXPECT_EQ(graphics.getOutlineColor(), Color::BLUE);
+    EXPECT_EQ(graphics.getOutlineWidth(), 2.0f);
+    EXPECT_TRUE(graphics.getShowBackground());
+    EXPECT_EQ(graphics.getBackgroundColor(), Color::GREEN);
+    EXPECT_EQ(graphics.getBackgroundPadding(), keo::Vector4<float>(1.0f, 2.0f, 3.0f, 4.0f));
+    EXPECT_EQ(graphics.getBackgroundImage(), keo::ImageSource(image));
+    EXPECT_EQ(graphics.getPixelOffset(), keo::Vector2<float>(10.0f, 20.0f));
+    EXPECT_EQ(graphics.getHorizontalOrigin(), keo::HorizontalOrigin::Left);
+    EXPECT_EQ(graphics.getVerticalOrigin(), keo::VerticalOrigin::Top);
+    EXPECT_FALSE(graphics.getAvoidance());
+    EXPECT_EQ(graphics.getHeightReference(), keo::HeightReference::ClampToGround);
+    // The larger near and the smaller far of the context's and the symbol's.
+    EXPECT_EQ(graphics.getDistanceDisplayCondition(), DistanceDisplayCondition(100.0f, 800.0f));
+}
+
+TEST(LabelSymbolTest, FillShowsTheHighlightColourOnlyWhileHighlighted) {
+    const keo::Feature::Feature feature;
+    const LabelSymbol symbol = makeFillSource(nullptr);
+    keo::LabelGraphics graphics;
+    symbol._fill(graphics, {feature, std::nullopt, keo::HeightReference::Absolute, true}, "a");
+    EXPECT_EQ(graphics.getFillColor(), Color::HIGHLIGHTCOLOR);
+    EXPECT_EQ(graphics.getOutlineColor(), Color::BLUE); // the outline keeps its colour
+    symbol._fill(graphics, {feature, std::nullopt, keo::HeightReference::Absolute, false}, "a");
+    EXPECT_EQ(graphics.getFillColor(), Color::YELLOW);
+}
+
+TEST(LabelSymbolTest, FillWithoutAConditionOfItsOwnTakesTheContexts) {
+    const keo::Feature::Feature feature;
+    const LabelSymbol symbol;
+    keo::LabelGraphics graphics;
+    symbol._fill(
+        graphics,
+        {feature, DistanceDisplayCondition(1.0f, 2.0f), keo::HeightReference::Absolute, false},
+        "a");
+    EXPECT_EQ(graphics.getDistanceDisplayCondition(), DistanceDisplayCondition(1.0f, 2.0f));
+}
+
+TEST(LabelSymbolTest, FillHintLineWithoutALineSymbolIsOnePixelWhiteAndDrapedAsTheHeightSays) {
+    const keo::Feature::Feature feature;
+    LabelSymbol symbol;
+    symbol.setPixelOffset({30.0f, 40.0f});
+    symbol.setHintLineMode(LabelSymbol::HintLineMode::Elbow);
+    keo::PolylineGraphics graphics;
+    symbol._fillHintLine(graphics,
+                         {feature, std::nullopt, keo::HeightReference::ClampToTerrain, false});
+    EXPECT_EQ(graphics.getWidth(), 1.0f);
+    ASSERT_NE(graphics.getMaterial(), nullptr);
+    EXPECT_EQ(graphics.getMaterial()->getColor(), Color::WHITE);
+    const std::vector<keo::Vector2<float>> elbow{{0.0f, 0.0f}, {0.0f, 40.0f}, {30.0f, 40.0f}};
+    EXPECT_EQ(graphics.getPixelOffsets(), elbow);
+    EXPECT_EQ(graphics.getClassificationType(), keo::ClassificationType::Terrain);
+    EXPECT_EQ(graphics.getHeightReference(), keo::HeightReference::ClampToTerrain);
+}
+
+TEST(LabelSymbolTest, FillHintLineTakesTheLineSymbolsWidthAndMaterialAndTheLabelsCondition) {
+    const keo::Feature::Feature feature;
+    LabelSymbol symbol;
+    symbol.setPixelOffset({5.0f, 6.0f});
+    symbol.setDistanceDisplayCondition(DistanceDisplayCondition(0.0f, 300.0f));
+    auto line = std::make_shared<LineSymbol>();
+    line->setWidth(3.0f);
+    line->setMaterial(std::make_shared<keo::Feature::ColorMaterial>(Color::RED));
+    symbol.setHintLineSymbol(line);
+    keo::PolylineGraphics graphics;
+    symbol._fillHintLine(graphics, {feature, DistanceDisplayCondition(10.0f, 500.0f),
+                                    keo::HeightReference::Absolute, true});
+    EXPECT_EQ(graphics.getWidth(), 3.0f);
+    EXPECT_EQ(graphics.getMaterial()->getColor(), Color::HIGHLIGHTCOLOR);
+    const std::vector<keo::Vector2<float>> straight{{0.0f, 0.0f}, {5.0f, 6.0f}};
+    EXPECT_EQ(graphics.getPixelOffsets(), straight);
+    EXPECT_EQ(graphics.getClassificationType(), std::nullopt); // absolute heights: not draped
+    EXPECT_EQ(graphics.getDistanceDisplayCondition(), DistanceDisplayCondition(10.0f, 300.0f));
+}
+
+TEST(LabelSymbolTest, FillHintLineWithALineSymbolWithoutMaterialIsWhite) {
+    const keo::Feature::Feature feature;
+    LabelSymbol symbol;
+    symbol.setHintLineSymbol(std::make_shared<LineSymbol>());
+    keo::PolylineGraphics graphics;
+    symbol._fillHintLine(graphics, {feature, std::nullopt, keo::HeightReference::Absolute, false});
+    EXPECT_EQ(graphics.getWidth(), 0.8f);
+    ASSERT_NE(graphics.getMaterial(), nullptr);
+    EXPECT_EQ(graphics.getMaterial()->getColor(), Color::WHITE);
 }
 
 } // namespace

@@ -1,8 +1,12 @@
 #include "Feature/LineSymbol.h"
 
+#include "Data/MaterialProperty.h"
+#include "Data/PolylineGraphics.h"
 #include "Feature/ColorMaterial.h"
+#include "Feature/Feature.h"
 #include "Feature/LabelSymbol.h"
 #include "Feature/LengthLabelSymbol.h"
+#include "Feature/SymbolContext.h"
 #include "FeatureTestSupport.h"
 
 #include <gtest/gtest.h>
@@ -128,6 +132,44 @@ TEST(LineSymbolTest, AssignFromAnotherKindLogsAndChangesNothing) {
     EXPECT_EQ(records[0].message, keo::Feature::test::kAssignKindMessage);
     EXPECT_EQ(records[0].location.file, "Core/src/Feature/LineSymbol");
     EXPECT_EQ(records[0].location.function, "keo::Feature::LineSymbol::assign");
+}
+
+// --- _fill: the symbol written into its graphics --------------------------------------------
+
+TEST(LineSymbolTest, FillWritesTheWidthTheSharedMaterialAndTheCondition) {
+    const keo::Feature::Feature feature;
+    LineSymbol symbol;
+    symbol.setWidth(4.0f);
+    const auto material = std::make_shared<ColorMaterial>(Color::RED);
+    symbol.setMaterial(material);
+    const keo::DistanceDisplayCondition condition(0.0f, 1000.0f);
+    keo::PolylineGraphics graphics;
+    symbol._fill(graphics, {feature, condition, keo::HeightReference::Absolute, false});
+    EXPECT_EQ(graphics.getWidth(), 4.0f);
+    ASSERT_NE(graphics.getMaterial(), nullptr);
+    EXPECT_EQ(graphics.getMaterial(), material->_getMaterial(false)); // the one cached property
+    EXPECT_EQ(graphics.getMaterial()->getColor(), Color::RED);
+    EXPECT_EQ(graphics.getDistanceDisplayCondition(), condition);
+}
+
+TEST(LineSymbolTest, FillShowsTheHighlightColourOnlyWhileHighlighted) {
+    const keo::Feature::Feature feature;
+    LineSymbol symbol;
+    symbol.setMaterial(std::make_shared<ColorMaterial>(Color::RED));
+    keo::PolylineGraphics graphics;
+    symbol._fill(graphics, {feature, std::nullopt, keo::HeightReference::Absolute, true});
+    EXPECT_EQ(graphics.getMaterial()->getColor(), Color::HIGHLIGHTCOLOR);
+    symbol._fill(graphics, {feature, std::nullopt, keo::HeightReference::Absolute, false});
+    EXPECT_EQ(graphics.getMaterial()->getColor(), Color::RED);
+}
+
+TEST(LineSymbolTest, FillWithoutAMaterialClearsTheGraphicsMaterial) {
+    const keo::Feature::Feature feature;
+    keo::PolylineGraphics graphics;
+    graphics.setMaterial(keo::PolylineGraphics::getDefaultMaterial());
+    LineSymbol()._fill(graphics, {feature, std::nullopt, keo::HeightReference::Absolute, false});
+    EXPECT_EQ(graphics.getMaterial(), nullptr);
+    EXPECT_EQ(graphics.getWidth(), 0.8f);
 }
 
 } // namespace

@@ -1,7 +1,10 @@
 #include "Feature/ModelSymbol.h"
 
+#include "Data/ModelGraphics.h"
 #include "Data/Resource.h"
+#include "Feature/Feature.h"
 #include "Feature/PointSymbol.h"
+#include "Feature/SymbolContext.h"
 #include "SymbolTestSupport.h"
 
 #include <gtest/gtest.h>
@@ -138,6 +141,34 @@ TEST(ModelSymbolTest, CloneAndCopyHaveEveryFieldAndEventsOfTheirOwn) {
     ModelSymbol source = makeEdited(std::make_shared<Resource>("tower.glb"));
     expectCopiesAreIndependent(source, expectSameFields,
                                [](ModelSymbol& copy) { copy.setAllowPicking(true); });
+}
+
+// --- _fill: the symbol written into its graphics --------------------------------------------
+
+TEST(ModelSymbolTest, FillWritesTheModelAndTheContextIntoTheGraphics) {
+    const keo::Feature::Feature feature;
+    const auto uri = std::make_shared<Resource>("tower.glb");
+    const ModelSymbol symbol = makeEdited(uri);
+    const keo::DistanceDisplayCondition condition(0.0f, 2000.0f);
+    keo::ModelGraphics graphics;
+    symbol._fill(graphics, {feature, condition, keo::HeightReference::ClampToTerrain, false});
+    EXPECT_EQ(graphics.getUri(), uri);
+    EXPECT_EQ(graphics.getScale(), Vector3<double>(2.0, 3.0, 4.0));
+    EXPECT_EQ(graphics.getRotation(), Rotation(Radian(0.1), Radian(0.2), Radian(0.3)));
+    EXPECT_EQ(graphics.getColor(), Color::BLUE);
+    EXPECT_FALSE(graphics.isAllowPicking());
+    EXPECT_EQ(graphics.getHeightReference(), keo::HeightReference::ClampToTerrain);
+    EXPECT_EQ(graphics.getDistanceDisplayCondition(), condition);
+}
+
+TEST(ModelSymbolTest, FillShowsTheHighlightColourOnlyWhileHighlighted) {
+    const keo::Feature::Feature feature;
+    const ModelSymbol symbol = makeEdited(std::make_shared<Resource>("tower.glb"));
+    keo::ModelGraphics graphics;
+    symbol._fill(graphics, {feature, std::nullopt, keo::HeightReference::Absolute, true});
+    EXPECT_EQ(graphics.getColor(), Color::HIGHLIGHTCOLOR);
+    symbol._fill(graphics, {feature, std::nullopt, keo::HeightReference::Absolute, false});
+    EXPECT_EQ(graphics.getColor(), Color::BLUE);
 }
 
 } // namespace

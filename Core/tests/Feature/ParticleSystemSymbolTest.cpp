@@ -1,7 +1,13 @@
 #include "Feature/ParticleSystemSymbol.h"
 
+#include "Common/HeadingPitchRoll.h"
+#include "Common/Matrix3.h"
+#include "Common/Matrix4.h"
 #include "Data/Image.h"
+#include "Data/ParticleSystemGraphics.h"
+#include "Feature/Feature.h"
 #include "Feature/PointSymbol.h"
+#include "Feature/SymbolContext.h"
 #include "SymbolTestSupport.h"
 
 #include <gtest/gtest.h>
@@ -446,6 +452,52 @@ TEST(ParticleSystemSymbolTest, CopySharesTheImage) {
     ParticleSystemSymbol source;
     source.setImage(image);
     EXPECT_EQ(ParticleSystemSymbol(source).getImage(), image);
+}
+
+// --- _fill: the symbol written into its graphics --------------------------------------------
+
+TEST(ParticleSystemSymbolTest, FillWritesTheEmitterEveryValueAndTheConditionIntoTheGraphics) {
+    const keo::Feature::Feature feature;
+    const auto image = makeImage();
+    const auto symbol = makeEdited(std::make_shared<SphereEmitter>(2.0), image);
+    const keo::DistanceDisplayCondition condition(1.0f, 900.0f);
+    keo::ParticleSystemGraphics graphics;
+    symbol->_fill(graphics, {feature, condition, keo::HeightReference::ClampToGround, false});
+    ASSERT_NE(graphics.getEmitter(), nullptr);
+    EXPECT_EQ(graphics.getEmitter(), symbol->getEmitter()->_update());
+    EXPECT_EQ(graphics.getBursts(), symbol->getBursts());
+    EXPECT_EQ(graphics.getImage(), image);
+    EXPECT_EQ(graphics.getMinimumImageSize(), Vector2<float>(2.0f, 3.0f));
+    EXPECT_EQ(graphics.getMaximumImageSize(), Vector2<float>(4.0f, 6.0f));
+    EXPECT_EQ(graphics.getStartColor(), Color::RED);
+    EXPECT_EQ(graphics.getEndColor(), Color::YELLOW);
+    EXPECT_EQ(graphics.getStartScale(), symbol->getStartScale());
+    EXPECT_EQ(graphics.getEndScale(), symbol->getEndScale());
+    EXPECT_EQ(graphics.getEmissionRate(), 20.0f);
+    EXPECT_EQ(graphics.getMinimumSpeed(), 0.5f);
+    EXPECT_EQ(graphics.getMaximumSpeed(), 3.0f);
+    EXPECT_EQ(graphics.getMinimumParticleLife(), 1.0f);
+    EXPECT_EQ(graphics.getMaximumParticleLife(), 9.0f);
+    EXPECT_EQ(graphics.getLifetime(), 16.0f);
+    EXPECT_EQ(graphics.getGravity(), -9.8f);
+    EXPECT_TRUE(graphics.isSizeInMeters());
+    EXPECT_FALSE(graphics.isLoop());
+    EXPECT_EQ(graphics.getDistanceDisplayCondition(), condition);
+    // The particles take no height reference: the graphics keep their own.
+    EXPECT_EQ(graphics.getHeightReference(), keo::ParticleSystemGraphics().getHeightReference());
+    // Heading first, a zero middle angle, the pitch last.
+    const keo::HeadingPitchRoll orientation(Radian(0.5), Radian(0.0), Radian(-0.25));
+    EXPECT_EQ(graphics.getEmitterModelMatrix(),
+              keo::Matrix4(keo::Matrix3::fromHeadingPitchRoll(orientation)));
+}
+
+TEST(ParticleSystemSymbolTest, FillKeepsTheParticlesOwnColoursWhileHighlighted) {
+    const keo::Feature::Feature feature;
+    const auto symbol = makeEdited(std::make_shared<SphereEmitter>(2.0), makeImage());
+    keo::ParticleSystemGraphics graphics;
+    symbol->_fill(graphics, {feature, std::nullopt, keo::HeightReference::Absolute, true});
+    EXPECT_EQ(graphics.getStartColor(), Color::RED);
+    EXPECT_EQ(graphics.getEndColor(), Color::YELLOW);
 }
 
 } // namespace

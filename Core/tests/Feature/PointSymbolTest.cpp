@@ -1,6 +1,9 @@
 #include "Feature/PointSymbol.h"
 
+#include "Data/PointGraphics.h"
 #include "Feature/BillboardSymbol.h"
+#include "Feature/Feature.h"
+#include "Feature/SymbolContext.h"
 #include "SymbolTestSupport.h"
 
 #include <gtest/gtest.h>
@@ -128,6 +131,31 @@ TEST(PointSymbolTest, CloneAndCopyHaveEveryFieldAndEventsOfTheirOwn) {
     PointSymbol source = makeEdited();
     expectCopiesAreIndependent(source, expectSameFields,
                                [](PointSymbol& copy) { copy.setPixelSize(99.0f); });
+}
+
+// --- _fill: the symbol written into its graphics --------------------------------------------
+
+TEST(PointSymbolTest, FillWritesTheDotAndTheContextIntoTheGraphics) {
+    const keo::Feature::Feature feature;
+    const PointSymbol symbol = makeEdited();
+    const keo::DistanceDisplayCondition condition(10.0f, 500.0f);
+    keo::PointGraphics graphics;
+    symbol._fill(graphics, {feature, condition, keo::HeightReference::ClampToGround, false});
+    EXPECT_EQ(graphics.getPixelSize(), 12.0f);
+    EXPECT_EQ(graphics.getColor(), Color::RED);
+    EXPECT_EQ(graphics.getHeightReference(), keo::HeightReference::ClampToGround);
+    EXPECT_EQ(graphics.getDistanceDisplayCondition(), condition);
+}
+
+TEST(PointSymbolTest, FillShowsTheHighlightColourOnlyWhileHighlighted) {
+    const keo::Feature::Feature feature;
+    const PointSymbol symbol = makeEdited();
+    keo::PointGraphics graphics;
+    symbol._fill(graphics, {feature, std::nullopt, keo::HeightReference::Absolute, true});
+    EXPECT_EQ(graphics.getColor(), Color::HIGHLIGHTCOLOR);
+    symbol._fill(graphics, {feature, std::nullopt, keo::HeightReference::Absolute, false});
+    EXPECT_EQ(graphics.getColor(), Color::RED);
+    EXPECT_EQ(symbol.getColor(), Color::RED);
 }
 
 } // namespace
