@@ -58,7 +58,7 @@ using keo::Feature::PointSymbol;
 
 using Features = std::vector<std::shared_ptr<Feature>>;
 
-constexpr std::size_t kMostFeatures = 1'000'000;
+constexpr std::size_t MOST_FEATURES = 1'000'000;
 
 std::shared_ptr<PointStyle> makeStyle() {
     auto style = std::make_shared<PointStyle>();
@@ -69,7 +69,7 @@ std::shared_ptr<PointStyle> makeStyle() {
     return style;
 }
 
-// kMostFeatures named point features with fresh ids on a grid of 0.001 degree, drawn with one
+// MOST_FEATURES named point features with fresh ids on a grid of 0.001 degree, drawn with one
 // style. When @p scattered, between two features the "application" makes 0 to 3 objects of 16 to
 // 400 bytes, which are freed in random order once every feature is made: the holes they leave are
 // where later allocations land.
@@ -80,8 +80,8 @@ Features makeWorld(bool scattered) {
     std::vector<std::unique_ptr<char[]>> others;
     const auto style = makeStyle();
     Features features;
-    features.reserve(kMostFeatures);
-    for (std::size_t i = 0; i < kMostFeatures; ++i) {
+    features.reserve(MOST_FEATURES);
+    for (std::size_t i = 0; i < MOST_FEATURES; ++i) {
         auto feature = std::make_shared<Feature>();
         feature->setName("point " + std::to_string(i));
         const double column = static_cast<double>(i % 1000);

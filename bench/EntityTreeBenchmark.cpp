@@ -24,7 +24,7 @@
 
 namespace {
 
-constexpr std::size_t kTrees = 100000;
+constexpr std::size_t TREES = 100000;
 
 std::shared_ptr<keo::PositionProperty> positionOf(std::size_t index, double up) {
     return std::make_shared<keo::ConstantPositionProperty>(
@@ -67,13 +67,13 @@ std::shared_ptr<keo::Entity> buildTree(std::size_t index,
 void BM_BuildEntityTrees(benchmark::State& state) {
     const auto model = std::make_shared<keo::Resource>("models/tower.glb");
     std::vector<std::shared_ptr<keo::Entity>> trees;
-    trees.reserve(kTrees);
+    trees.reserve(TREES);
     std::size_t grossBytes = 0;
     std::size_t liveBytes = 0;
     for (auto _ : state) {
         const std::size_t allocatedBefore = keo::bench::allocatedBytes();
         const std::size_t freedBefore = keo::bench::freedBytes();
-        for (std::size_t i = 0; i < kTrees; ++i) {
+        for (std::size_t i = 0; i < TREES; ++i) {
             trees.push_back(buildTree(i, model));
         }
         grossBytes += keo::bench::allocatedBytes() - allocatedBefore;
@@ -84,10 +84,10 @@ void BM_BuildEntityTrees(benchmark::State& state) {
         trees.clear();
         state.ResumeTiming();
     }
-    const auto built = static_cast<double>(state.iterations()) * static_cast<double>(kTrees);
+    const auto built = static_cast<double>(state.iterations()) * static_cast<double>(TREES);
     state.SetItemsProcessed(static_cast<std::int64_t>(built));
     state.counters["time_per_tree"] = benchmark::Counter(
-        static_cast<double>(kTrees),
+        static_cast<double>(TREES),
         benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
     state.counters["allocated_bytes_per_tree"] = static_cast<double>(grossBytes) / built;
     state.counters["live_bytes_per_tree"] = static_cast<double>(liveBytes) / built;
@@ -97,19 +97,19 @@ BENCHMARK(BM_BuildEntityTrees)->Unit(benchmark::kMillisecond);
 void BM_DestroyEntityTrees(benchmark::State& state) {
     const auto model = std::make_shared<keo::Resource>("models/tower.glb");
     std::vector<std::shared_ptr<keo::Entity>> trees;
-    trees.reserve(kTrees);
+    trees.reserve(TREES);
     for (auto _ : state) {
         state.PauseTiming();
-        for (std::size_t i = 0; i < kTrees; ++i) {
+        for (std::size_t i = 0; i < TREES; ++i) {
             trees.push_back(buildTree(i, model));
         }
         state.ResumeTiming();
         trees.clear();
     }
     state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()) *
-                            static_cast<std::int64_t>(kTrees));
+                            static_cast<std::int64_t>(TREES));
     state.counters["time_per_tree"] = benchmark::Counter(
-        static_cast<double>(kTrees),
+        static_cast<double>(TREES),
         benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 BENCHMARK(BM_DestroyEntityTrees)->Unit(benchmark::kMillisecond);

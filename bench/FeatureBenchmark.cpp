@@ -30,14 +30,14 @@ public:
     }
 };
 
-constexpr std::size_t kFeatures = 1000000;
+constexpr std::size_t FEATURES = 1000000;
 
 // _updateEntityInCull on features whose entities are up to date, one feature per iteration,
 // walking a million features so that the caches see what a renderer's cull loop sees.
 void BM_UpdateEntityInCullClean(benchmark::State& state) {
     std::vector<std::unique_ptr<Feature>> features;
-    features.reserve(kFeatures);
-    for (std::size_t i = 0; i < kFeatures; ++i) {
+    features.reserve(FEATURES);
+    for (std::size_t i = 0; i < FEATURES; ++i) {
         features.push_back(std::make_unique<Feature>(i));
         features.back()->_updateEntityInCull(false);
         features.back()->_takeAddedEntities();
@@ -45,7 +45,7 @@ void BM_UpdateEntityInCullClean(benchmark::State& state) {
     std::size_t next = 0;
     for (auto _ : state) {
         features[next]->_updateEntityInCull(false);
-        if (++next == kFeatures) {
+        if (++next == FEATURES) {
             next = 0;
         }
     }

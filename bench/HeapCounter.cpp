@@ -9,23 +9,23 @@ std::size_t allocated = 0;
 std::size_t freed = 0;
 
 // Each block starts with a header holding its size, so that the unsized delete can count it.
-constexpr std::size_t kHeader = alignof(std::max_align_t);
+constexpr std::size_t HEADER = alignof(std::max_align_t);
 
 void* countedAllocate(std::size_t size) {
-    void* block = std::malloc(size + kHeader);
+    void* block = std::malloc(size + HEADER);
     if (block == nullptr) {
         throw std::bad_alloc();
     }
     *static_cast<std::size_t*>(block) = size;
     allocated += size;
-    return static_cast<char*>(block) + kHeader;
+    return static_cast<char*>(block) + HEADER;
 }
 
 void countedFree(void* pointer) noexcept {
     if (pointer == nullptr) {
         return;
     }
-    void* block = static_cast<char*>(pointer) - kHeader;
+    void* block = static_cast<char*>(pointer) - HEADER;
     freed += *static_cast<std::size_t*>(block);
     std::free(block);
 }

@@ -30,7 +30,7 @@ using keo::Feature::PointGeometry;
 using keo::Feature::PointStyle;
 using keo::Feature::PointSymbol;
 
-constexpr std::size_t kFeatures = 100000;
+constexpr std::size_t FEATURES = 100000;
 
 std::shared_ptr<PointStyle> makeStyle() {
     auto style = std::make_shared<PointStyle>();
@@ -57,7 +57,7 @@ std::shared_ptr<Feature> buildFeature(std::size_t index, std::shared_ptr<PointSt
     return feature;
 }
 
-// Builds kFeatures features per iteration with @p styleFor(index) and reports the time, the
+// Builds FEATURES features per iteration with @p styleFor(index) and reports the time, the
 // bytes allocated and the bytes still held afterwards, per feature. One untimed build comes
 // first, and the benchmarks run for at least two seconds: the first builds in a process also pay
 // for the pages the heap takes from the system and for the allocator sorting the freed blocks of
@@ -65,8 +65,8 @@ std::shared_ptr<Feature> buildFeature(std::size_t index, std::shared_ptr<PointSt
 template <typename StyleFor>
 void buildMany(benchmark::State& state, StyleFor&& styleFor) {
     std::vector<std::shared_ptr<Feature>> features;
-    features.reserve(kFeatures);
-    for (std::size_t i = 0; i < kFeatures; ++i) {
+    features.reserve(FEATURES);
+    for (std::size_t i = 0; i < FEATURES; ++i) {
         features.push_back(buildFeature(i, styleFor(i)));
     }
     features.clear();
@@ -75,7 +75,7 @@ void buildMany(benchmark::State& state, StyleFor&& styleFor) {
     for (auto _ : state) {
         const std::size_t allocatedBefore = keo::bench::allocatedBytes();
         const std::size_t freedBefore = keo::bench::freedBytes();
-        for (std::size_t i = 0; i < kFeatures; ++i) {
+        for (std::size_t i = 0; i < FEATURES; ++i) {
             features.push_back(buildFeature(i, styleFor(i)));
         }
         const std::size_t allocatedNow = keo::bench::allocatedBytes() - allocatedBefore;
@@ -86,9 +86,9 @@ void buildMany(benchmark::State& state, StyleFor&& styleFor) {
         features.clear();
         state.ResumeTiming();
     }
-    const auto count = static_cast<double>(state.iterations()) * static_cast<double>(kFeatures);
+    const auto count = static_cast<double>(state.iterations()) * static_cast<double>(FEATURES);
     state.counters["time_per_feature"] = benchmark::Counter(
-        static_cast<double>(kFeatures),
+        static_cast<double>(FEATURES),
         benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
     state.counters["allocated_bytes_per_feature"] = static_cast<double>(allocated) / count;
     state.counters["live_bytes_per_feature"] = static_cast<double>(live) / count;

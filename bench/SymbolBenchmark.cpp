@@ -19,19 +19,19 @@
 
 namespace {
 
-constexpr std::size_t kSymbols = 100000;
+constexpr std::size_t SYMBOLS = 100000;
 
-// Reports time and heap bytes per object for a benchmark that makes kSymbols objects with
+// Reports time and heap bytes per object for a benchmark that makes SYMBOLS objects with
 // @p make per iteration.
 template <typename Make>
 void makeMany(benchmark::State& state, Make&& make) {
     std::vector<decltype(make())> made;
-    made.reserve(kSymbols);
+    made.reserve(SYMBOLS);
     std::size_t liveBytes = 0;
     for (auto _ : state) {
         const std::size_t allocatedBefore = keo::bench::allocatedBytes();
         const std::size_t freedBefore = keo::bench::freedBytes();
-        for (std::size_t i = 0; i < kSymbols; ++i) {
+        for (std::size_t i = 0; i < SYMBOLS; ++i) {
             made.push_back(make());
         }
         liveBytes += (keo::bench::allocatedBytes() - allocatedBefore) -
@@ -41,9 +41,9 @@ void makeMany(benchmark::State& state, Make&& make) {
         made.clear();
         state.ResumeTiming();
     }
-    const auto count = static_cast<double>(state.iterations()) * static_cast<double>(kSymbols);
+    const auto count = static_cast<double>(state.iterations()) * static_cast<double>(SYMBOLS);
     state.counters["time_per_symbol"] = benchmark::Counter(
-        static_cast<double>(kSymbols),
+        static_cast<double>(SYMBOLS),
         benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
     state.counters["live_bytes_per_symbol"] = static_cast<double>(liveBytes) / count;
 }

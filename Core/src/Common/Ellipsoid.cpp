@@ -8,7 +8,7 @@ namespace keo {
 
 namespace {
 
-constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
 /**
  * The foot point of a position on the meridian ellipse, as the direction (S, C) of its reduced
@@ -165,7 +165,7 @@ Ellipsoid::Ellipsoid(double a, double f) noexcept
 Vector3<double>
 Ellipsoid::cartographicToCartesian(const Cartographic& cartographic) const noexcept {
     if (!valid_) {
-        return {NaN, NaN, NaN};
+        return {NOT_A_NUMBER, NOT_A_NUMBER, NOT_A_NUMBER};
     }
     // The surface point below the position is N (cos(lat) cos(lon), cos(lat) sin(lon),
     // (1 - e2) sin(lat)), with the prime vertical radius of curvature

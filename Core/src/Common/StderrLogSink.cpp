@@ -8,9 +8,9 @@ namespace keo {
 namespace {
 
 const char* levelName(int level) noexcept {
-    static constexpr const char* kNames[] = {"trace",   "debug", "info",
-                                             "warning", "error", "critical"};
-    return level >= 0 && level <= 5 ? kNames[level] : "level";
+    static constexpr const char* NAMES[] = {"trace",   "debug", "info",
+                                            "warning", "error", "critical"};
+    return level >= 0 && level <= 5 ? NAMES[level] : "level";
 }
 
 } // namespace

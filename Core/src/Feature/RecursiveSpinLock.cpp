@@ -8,7 +8,7 @@ std::uint32_t RecursiveSpinLock::currentThreadToken() noexcept {
     // four billion threads; the threads holding the low numbers are long gone by then).
     thread_local const std::uint32_t token = [] {
         std::uint32_t drawn = next.fetch_add(1, std::memory_order_relaxed);
-        while (drawn == kNoThread) {
+        while (drawn == NO_THREAD) {
             drawn = next.fetch_add(1, std::memory_order_relaxed);
         }
         return drawn;

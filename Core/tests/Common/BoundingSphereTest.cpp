@@ -19,7 +19,7 @@ using keo::Ellipsoid;
 using keo::Math;
 using keo::Vector3;
 
-constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 constexpr double INF = std::numeric_limits<double>::infinity();
 
 /** The radius of the sphere about the centre of the points' axis-aligned box. */
@@ -61,7 +61,7 @@ TEST(BoundingSphereTest, ContainsPointsInsideAndOnTheSurfaceOnly) {
     EXPECT_TRUE(s.contains({1.0, -1.0, 1.0}));
     EXPECT_FALSE(s.contains({3.0, 1.0, 1.0 + 1e-6}));
     EXPECT_FALSE(s.contains({-2.0, -2.0, -2.0}));
-    EXPECT_FALSE(s.contains({NaN, 1.0, 1.0}));
+    EXPECT_FALSE(s.contains({NOT_A_NUMBER, 1.0, 1.0}));
 }
 
 TEST(BoundingSphereTest, FromPointsOfNothingIsTheDefaultSphere) {
@@ -151,10 +151,11 @@ TEST(BoundingSphereTest, FromPointsOfASurfacePatchContainsItsEcefPositions) {
 
 TEST(BoundingSphereTest, FromPointsSkipsNonFinitePoints) {
     const BoundingSphere s = BoundingSphere::fromPoints(
-        {{NaN, 0.0, 0.0}, {0.0, 0.0, 0.0}, {0.0, INF, 0.0}, {2.0, 0.0, 0.0}});
+        {{NOT_A_NUMBER, 0.0, 0.0}, {0.0, 0.0, 0.0}, {0.0, INF, 0.0}, {2.0, 0.0, 0.0}});
     EXPECT_EQ(s.getCenter(), Vector3<double>(1.0, 0.0, 0.0));
     EXPECT_DOUBLE_EQ(s.getRadius(), 1.0);
-    EXPECT_EQ(BoundingSphere::fromPoints({{NaN, NaN, NaN}}), BoundingSphere());
+    EXPECT_EQ(BoundingSphere::fromPoints({{NOT_A_NUMBER, NOT_A_NUMBER, NOT_A_NUMBER}}),
+              BoundingSphere());
 }
 
 } // namespace

@@ -11,7 +11,7 @@ using keo::Cartographic;
 using keo::Math;
 using keo::Radian;
 
-constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
 TEST(CartographicTest, DefaultIsTheOrigin) {
     const Cartographic c;
@@ -46,7 +46,7 @@ TEST(CartographicTest, EqualityIsExactPerComponent) {
     EXPECT_EQ(a, Cartographic(Radian(1.0), Radian(0.5), 10.0));
     EXPECT_NE(a, Cartographic::fromRadians(1.0, 0.5, 10.000001));
     EXPECT_NE(a, Cartographic::fromRadians(1.0 + 1e-15, 0.5, 10.0));
-    const Cartographic withNaN = Cartographic::fromRadians(NaN, 0.5, 10.0);
+    const Cartographic withNaN = Cartographic::fromRadians(NOT_A_NUMBER, 0.5, 10.0);
     EXPECT_NE(withNaN, withNaN);
 }
 
@@ -66,14 +66,14 @@ TEST(CartographicTest, EqualsEpsilonComparesEachComponentAbsolutely) {
 
 TEST(CartographicTest, EqualsEpsilonIsFalseWithNaN) {
     const Cartographic a = Cartographic::fromRadians(1.0, 0.5, 10.0);
-    for (const Cartographic& b :
-         {Cartographic::fromRadians(NaN, 0.5, 10.0), Cartographic::fromRadians(1.0, NaN, 10.0),
-          Cartographic::fromRadians(1.0, 0.5, NaN)}) {
+    for (const Cartographic& b : {Cartographic::fromRadians(NOT_A_NUMBER, 0.5, 10.0),
+                                  Cartographic::fromRadians(1.0, NOT_A_NUMBER, 10.0),
+                                  Cartographic::fromRadians(1.0, 0.5, NOT_A_NUMBER)}) {
         EXPECT_FALSE(a.equalsEpsilon(b, 1e300));
         EXPECT_FALSE(b.equalsEpsilon(a, 1e300));
         EXPECT_FALSE(b.equalsEpsilon(b, 1e300));
     }
-    EXPECT_FALSE(a.equalsEpsilon(a, NaN));
+    EXPECT_FALSE(a.equalsEpsilon(a, NOT_A_NUMBER));
 }
 
 } // namespace

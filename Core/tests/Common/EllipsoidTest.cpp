@@ -18,7 +18,7 @@ using keo::Ellipsoid;
 using keo::Math;
 using keo::Vector3;
 
-constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 constexpr double INF = std::numeric_limits<double>::infinity();
 
 // Tolerances against GeographicLib (WGS84):
@@ -145,7 +145,7 @@ TEST(EllipsoidTest, CartographicToCartesianGivesTheAxesAtTheEquatorAndPoles) {
 
 TEST(EllipsoidTest, CartographicToCartesianPropagatesNaN) {
     const Vector3<double> p =
-        Ellipsoid::WGS84.cartographicToCartesian(Cartographic::fromRadians(0.0, NaN, 0.0));
+        Ellipsoid::WGS84.cartographicToCartesian(Cartographic::fromRadians(0.0, NOT_A_NUMBER, 0.0));
     EXPECT_TRUE(std::isnan(p.x));
     EXPECT_TRUE(std::isnan(p.z));
 }
@@ -231,8 +231,8 @@ TEST(EllipsoidTest, CartesianToCartographicIsEmptyAtTheCentre) {
 
 TEST(EllipsoidTest, CartesianToCartographicIsEmptyForNonFiniteInput) {
     for (const Vector3<double>& p :
-         {Vector3<double>(NaN, 0.0, 0.0), Vector3<double>(1e7, NaN, 0.0),
-          Vector3<double>(1e7, 0.0, NaN), Vector3<double>(INF, 0.0, 0.0),
+         {Vector3<double>(NOT_A_NUMBER, 0.0, 0.0), Vector3<double>(1e7, NOT_A_NUMBER, 0.0),
+          Vector3<double>(1e7, 0.0, NOT_A_NUMBER), Vector3<double>(INF, 0.0, 0.0),
           Vector3<double>(0.0, -INF, 0.0), Vector3<double>(0.0, 0.0, INF)}) {
         EXPECT_FALSE(Ellipsoid::WGS84.cartesianToCartographic(p).has_value())
             << p.x << ", " << p.y << ", " << p.z;
@@ -366,8 +366,9 @@ TEST(EllipsoidTest, StronglyFlattenedEllipsoidsConvertRoundTrip) {
 
 TEST(EllipsoidTest, InvalidParametersGiveNoValues) {
     for (const Ellipsoid& e :
-         {Ellipsoid(0.0, 0.0), Ellipsoid(-1.0, 0.0), Ellipsoid(NaN, 0.0), Ellipsoid(INF, 0.0),
-          Ellipsoid(1.0, 1.0), Ellipsoid(1.0, -0.1), Ellipsoid(1.0, NaN)}) {
+         {Ellipsoid(0.0, 0.0), Ellipsoid(-1.0, 0.0), Ellipsoid(NOT_A_NUMBER, 0.0),
+          Ellipsoid(INF, 0.0), Ellipsoid(1.0, 1.0), Ellipsoid(1.0, -0.1),
+          Ellipsoid(1.0, NOT_A_NUMBER)}) {
         EXPECT_FALSE(e.cartesianToCartographic({1.0, 2.0, 3.0}).has_value());
         EXPECT_FALSE(e.geodeticSurfaceNormal(Vector3<double>(1.0, 2.0, 3.0)).has_value());
         const Vector3<double> p =
@@ -435,7 +436,7 @@ TEST(EllipsoidTest, GeodeticSurfaceNormalOfACartesianAgreesWithItsGeodeticPositi
 TEST(EllipsoidTest, GeodeticSurfaceNormalOfACartesianIsEmptyAtTheCentreAndForNonFiniteInput) {
     const Ellipsoid& e = Ellipsoid::WGS84;
     EXPECT_FALSE(e.geodeticSurfaceNormal(Vector3<double>(0.0, 0.0, 0.0)).has_value());
-    EXPECT_FALSE(e.geodeticSurfaceNormal(Vector3<double>(NaN, 1.0, 1.0)).has_value());
+    EXPECT_FALSE(e.geodeticSurfaceNormal(Vector3<double>(NOT_A_NUMBER, 1.0, 1.0)).has_value());
     EXPECT_FALSE(e.geodeticSurfaceNormal(Vector3<double>(1.0, INF, 1.0)).has_value());
     const std::optional<Vector3<double>> pole =
         e.geodeticSurfaceNormal(Vector3<double>(0.0, 0.0, -1.0));

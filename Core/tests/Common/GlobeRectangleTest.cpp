@@ -17,7 +17,7 @@ using keo::GlobeRectangle;
 using keo::Math;
 using keo::Vector3;
 
-constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 constexpr double INF = std::numeric_limits<double>::infinity();
 
 double rad(double degrees) {
@@ -63,8 +63,8 @@ TEST(GlobeRectangleTest, IsEmptyWhenSouthExceedsNorthOrABoundIsNaN) {
     EXPECT_FALSE(GlobeRectangle::MAXIMUM.isEmpty());
     EXPECT_FALSE(rectangle(10, 20, 10, 20).isEmpty()); // a single point
     EXPECT_TRUE(rectangle(10, 21, 30, 20).isEmpty());
-    EXPECT_TRUE(GlobeRectangle(0.0, NaN, 1.0, 1.0).isEmpty());
-    EXPECT_TRUE(GlobeRectangle(0.0, 0.0, 1.0, NaN).isEmpty());
+    EXPECT_TRUE(GlobeRectangle(0.0, NOT_A_NUMBER, 1.0, 1.0).isEmpty());
+    EXPECT_TRUE(GlobeRectangle(0.0, 0.0, 1.0, NOT_A_NUMBER).isEmpty());
     // West > east is not empty: it crosses the antimeridian.
     EXPECT_FALSE(rectangle(170, -10, -170, 10).isEmpty());
 }
@@ -122,11 +122,13 @@ TEST(GlobeRectangleTest, FromCartographicArrayAcrossTheAntimeridianIncludingPi) 
 
 TEST(GlobeRectangleTest, FromCartographicArraySkipsPositionsWithNaN) {
     const GlobeRectangle r = GlobeRectangle::fromCartographicArray(
-        {degrees(10, 20), Cartographic::fromRadians(NaN, 0.0), Cartographic::fromRadians(0.0, NaN),
-         Cartographic::fromRadians(1.0, 1.0, NaN), Cartographic::fromRadians(INF, 0.0),
+        {degrees(10, 20), Cartographic::fromRadians(NOT_A_NUMBER, 0.0),
+         Cartographic::fromRadians(0.0, NOT_A_NUMBER),
+         Cartographic::fromRadians(1.0, 1.0, NOT_A_NUMBER), Cartographic::fromRadians(INF, 0.0),
          degrees(20, 30)});
     expectBoundsNear(r, rectangle(10, 20, 20, 30));
-    EXPECT_EQ(GlobeRectangle::fromCartographicArray({Cartographic::fromRadians(NaN, NaN)}),
+    EXPECT_EQ(GlobeRectangle::fromCartographicArray(
+                  {Cartographic::fromRadians(NOT_A_NUMBER, NOT_A_NUMBER)}),
               GlobeRectangle::EMPTY);
 }
 
@@ -139,7 +141,7 @@ TEST(GlobeRectangleTest, FromCartesianArrayConvertsOnTheEllipsoidAndSkipsPointsW
         points.push_back(e.cartographicToCartesian(c));
     }
     points.emplace_back(0.0, 0.0, 0.0); // the centre has no geodetic position
-    points.emplace_back(NaN, 1.0, 1.0);
+    points.emplace_back(NOT_A_NUMBER, 1.0, 1.0);
     const GlobeRectangle r = GlobeRectangle::fromCartesianArray(points, e);
     expectBoundsNear(r, GlobeRectangle::fromCartographicArray(cartographics));
     expectBoundsNear(r, rectangle(170, -20, -160, 40));
@@ -215,8 +217,8 @@ TEST(GlobeRectangleTest, ContainsTreatsMinusPiAndPiAsOneMeridian) {
 TEST(GlobeRectangleTest, ContainsNothingWhenEmptyOrForNaN) {
     EXPECT_FALSE(GlobeRectangle::EMPTY.contains(degrees(0, 0)));
     EXPECT_FALSE(GlobeRectangle::EMPTY.contains(degrees(180, 0)));
-    EXPECT_FALSE(GlobeRectangle::MAXIMUM.contains(Cartographic::fromRadians(NaN, 0.0)));
-    EXPECT_FALSE(GlobeRectangle::MAXIMUM.contains(Cartographic::fromRadians(0.0, NaN)));
+    EXPECT_FALSE(GlobeRectangle::MAXIMUM.contains(Cartographic::fromRadians(NOT_A_NUMBER, 0.0)));
+    EXPECT_FALSE(GlobeRectangle::MAXIMUM.contains(Cartographic::fromRadians(0.0, NOT_A_NUMBER)));
 }
 
 TEST(GlobeRectangleTest, MaximumContainsEverywhere) {

@@ -135,12 +135,12 @@ TEST_F(LogTest, SinkMayLogAndChangeSinksWhileWriting) {
 }
 
 TEST_F(LogTest, ConcurrentLoggingLosesNoRecord) {
-    constexpr int kThreads = 4;
-    constexpr int kPerThread = 2000;
+    constexpr int THREADS = 4;
+    constexpr int PER_THREAD = 2000;
     std::vector<std::thread> threads;
-    for (int t = 0; t < kThreads; ++t) {
+    for (int t = 0; t < THREADS; ++t) {
         threads.emplace_back([t] {
-            for (int i = 0; i < kPerThread; ++i) {
+            for (int i = 0; i < PER_THREAD; ++i) {
                 Log::getInstance().log({"thread", t, "worker"}, 3, std::to_string(i));
             }
         });
@@ -149,8 +149,8 @@ TEST_F(LogTest, ConcurrentLoggingLosesNoRecord) {
         thread.join();
     }
     const auto records = sink_->getRecords();
-    ASSERT_EQ(records.size(), static_cast<std::size_t>(kThreads * kPerThread));
-    std::vector<int> next(kThreads, 0);
+    ASSERT_EQ(records.size(), static_cast<std::size_t>(THREADS * PER_THREAD));
+    std::vector<int> next(THREADS, 0);
     for (const auto& r : records) { // per thread, records keep their order
         EXPECT_EQ(r.message, std::to_string(next[static_cast<std::size_t>(r.location.line)]++));
     }

@@ -15,7 +15,7 @@ using keo::Cartographic;
 using keo::Math;
 
 constexpr double INF = std::numeric_limits<double>::infinity();
-constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
 // ---- equalsEpsilon ----------------------------------------------------------------------------
 
@@ -42,10 +42,10 @@ TEST(MathTest, EqualsEpsilonWithOneToleranceUsesItBothWays) {
 }
 
 TEST(MathTest, EqualsEpsilonIsFalseForNaN) {
-    EXPECT_FALSE(Math::equalsEpsilon(NaN, NaN, 1.0, 1.0));
-    EXPECT_FALSE(Math::equalsEpsilon(NaN, 0.0, 1.0, 1.0));
-    EXPECT_FALSE(Math::equalsEpsilon(0.0, NaN, 1.0, 1.0));
-    EXPECT_FALSE(Math::equalsEpsilon(NaN, INF, INF, INF));
+    EXPECT_FALSE(Math::equalsEpsilon(NOT_A_NUMBER, NOT_A_NUMBER, 1.0, 1.0));
+    EXPECT_FALSE(Math::equalsEpsilon(NOT_A_NUMBER, 0.0, 1.0, 1.0));
+    EXPECT_FALSE(Math::equalsEpsilon(0.0, NOT_A_NUMBER, 1.0, 1.0));
+    EXPECT_FALSE(Math::equalsEpsilon(NOT_A_NUMBER, INF, INF, INF));
 }
 
 TEST(MathTest, EqualsEpsilonTreatsEqualInfinitiesAsEqualAndNothingElse) {
@@ -102,7 +102,7 @@ TEST(MathTest, NegativePiToPiKeepsTheDirectionOfAnyAngleAndStaysInRange) {
 }
 
 TEST(MathTest, NegativePiToPiKeepsNaN) {
-    EXPECT_TRUE(std::isnan(Math::negativePiToPi(NaN)));
+    EXPECT_TRUE(std::isnan(Math::negativePiToPi(NOT_A_NUMBER)));
 }
 
 TEST(MathTest, ZeroToTwoPiLeavesAnglesInRangeUnchanged) {
@@ -132,7 +132,7 @@ TEST(MathTest, ZeroToTwoPiStaysInRangeForAnyAngle) {
 }
 
 TEST(MathTest, ZeroToTwoPiKeepsNaN) {
-    EXPECT_TRUE(std::isnan(Math::zeroToTwoPi(NaN)));
+    EXPECT_TRUE(std::isnan(Math::zeroToTwoPi(NOT_A_NUMBER)));
 }
 
 // ---- geodesic distance -------------------------------------------------------------------------
@@ -274,7 +274,7 @@ TEST(MathTest, VincentyDistanceIgnoresHeights) {
     EXPECT_EQ(Math::computeVincentyDistR(Cartographic::fromDegrees(2.35, 48.85, 8848.0),
                                          Cartographic::fromDegrees(-74.0, 40.7, -400.0)),
               distance);
-    EXPECT_EQ(Math::computeVincentyDistR(Cartographic::fromDegrees(2.35, 48.85, NaN), to),
+    EXPECT_EQ(Math::computeVincentyDistR(Cartographic::fromDegrees(2.35, 48.85, NOT_A_NUMBER), to),
               distance);
 }
 
@@ -293,8 +293,10 @@ TEST(MathTest, VincentyDistanceIsSymmetricAndIndependentOfWholeTurnsOfLongitude)
 
 TEST(MathTest, VincentyDistanceIsNaNForANaNCoordinate) {
     const Cartographic p = Cartographic::fromDegrees(10.0, 20.0);
-    EXPECT_TRUE(std::isnan(Math::computeVincentyDistR(Cartographic::fromRadians(NaN, 0.0), p)));
-    EXPECT_TRUE(std::isnan(Math::computeVincentyDistR(p, Cartographic::fromRadians(0.0, NaN))));
+    EXPECT_TRUE(
+        std::isnan(Math::computeVincentyDistR(Cartographic::fromRadians(NOT_A_NUMBER, 0.0), p)));
+    EXPECT_TRUE(
+        std::isnan(Math::computeVincentyDistR(p, Cartographic::fromRadians(0.0, NOT_A_NUMBER))));
 }
 
 TEST(MathTest, VincentyDistanceIsFiniteForExtremeFiniteInput) {

@@ -12,26 +12,26 @@ namespace {
 using keo::Uuid;
 
 TEST(UuidTest, AMillionDrawsNeverRepeatAndCarryVersionAndVariant) {
-    constexpr std::size_t kDraws = 1000000;
+    constexpr std::size_t DRAWS = 1000000;
     std::unordered_set<Uuid> seen;
-    seen.reserve(kDraws);
-    for (std::size_t i = 0; i < kDraws; ++i) {
+    seen.reserve(DRAWS);
+    for (std::size_t i = 0; i < DRAWS; ++i) {
         const Uuid u = keo::uuid4();
         ASSERT_EQ(u.version(), 4u);
         ASSERT_EQ(u.variant(), 2u);
         ASSERT_TRUE(seen.insert(u).second) << "repeat after " << i << " draws";
     }
-    EXPECT_EQ(seen.size(), kDraws);
+    EXPECT_EQ(seen.size(), DRAWS);
 }
 
 TEST(UuidTest, DrawsFromManyThreadsNeverRepeat) {
-    constexpr int kThreads = 4;
-    constexpr int kPerThread = 50000;
-    std::vector<std::vector<Uuid>> draws(kThreads);
+    constexpr int THREADS = 4;
+    constexpr int PER_THREAD = 50000;
+    std::vector<std::vector<Uuid>> draws(THREADS);
     std::vector<std::thread> threads;
-    for (int t = 0; t < kThreads; ++t) {
+    for (int t = 0; t < THREADS; ++t) {
         threads.emplace_back([&draws, t] {
-            for (int i = 0; i < kPerThread; ++i) {
+            for (int i = 0; i < PER_THREAD; ++i) {
                 draws[static_cast<std::size_t>(t)].push_back(keo::uuid4());
             }
         });
@@ -43,14 +43,14 @@ TEST(UuidTest, DrawsFromManyThreadsNeverRepeat) {
     for (const auto& list : draws) {
         all.insert(list.begin(), list.end());
     }
-    EXPECT_EQ(all.size(), static_cast<std::size_t>(kThreads * kPerThread));
+    EXPECT_EQ(all.size(), static_cast<std::size_t>(THREADS * PER_THREAD));
 }
 
 TEST(UuidTest, RandomBitsAreBalanced) {
     // Each of the 122 random bits is set in about half of 20,000 draws (binomial sd ~71).
-    constexpr int kDraws = 20000;
+    constexpr int DRAWS = 20000;
     std::vector<int> ones(128, 0);
-    for (int i = 0; i < kDraws; ++i) {
+    for (int i = 0; i < DRAWS; ++i) {
         const Uuid u = keo::uuid4();
         for (int bit = 0; bit < 64; ++bit) {
             ones[static_cast<std::size_t>(bit)] += static_cast<int>((u.high >> bit) & 1u);
@@ -60,7 +60,7 @@ TEST(UuidTest, RandomBitsAreBalanced) {
     for (int bit = 0; bit < 128; ++bit) {
         const bool fixed = (bit >= 12 && bit <= 15) || bit >= 126;
         if (!fixed) {
-            EXPECT_NEAR(ones[static_cast<std::size_t>(bit)], kDraws / 2, 500) << bit;
+            EXPECT_NEAR(ones[static_cast<std::size_t>(bit)], DRAWS / 2, 500) << bit;
         }
     }
 }

@@ -16,7 +16,7 @@ using keo::HorizontalOrigin;
 using keo::Vector2;
 using keo::VerticalOrigin;
 
-constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
+constexpr float NOT_A_NUMBER = std::numeric_limits<float>::quiet_NaN();
 
 TEST(BillboardGraphicsTest, DefaultsShowTheImageAtItsOwnSizeCentredOnTheAnchor) {
     const BillboardGraphics graphics;
@@ -74,11 +74,11 @@ TEST(BillboardGraphicsTest, OptionsAreTakenAsGiven) {
 TEST(BillboardGraphicsTest, NanIsIgnoredAndNegativeSizesBecomeZero) {
     BillboardGraphics graphics;
     graphics.setWidth(10.0f);
-    graphics.setWidth(kNan);
+    graphics.setWidth(NOT_A_NUMBER);
     graphics.setHeight(-3.0f);
-    graphics.setScale(kNan);
+    graphics.setScale(NOT_A_NUMBER);
     graphics.setPixelOffset({1.0f, 2.0f});
-    graphics.setPixelOffset({kNan, 5.0f});
+    graphics.setPixelOffset({NOT_A_NUMBER, 5.0f});
     EXPECT_EQ(graphics.getWidth(), 10.0f);
     EXPECT_EQ(graphics.getHeight(), 0.0f);
     EXPECT_EQ(graphics.getScale(), 1.0f);

@@ -9,7 +9,7 @@ namespace {
 
 using keo::DistanceDisplayCondition;
 
-constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
+constexpr float NOT_A_NUMBER = std::numeric_limits<float>::quiet_NaN();
 
 TEST(DistanceDisplayConditionTest, DefaultShowsAtEveryDistance) {
     const DistanceDisplayCondition condition;
@@ -40,7 +40,7 @@ TEST(DistanceDisplayConditionTest, NearBeyondFarShowsAtNoDistance) {
 }
 
 TEST(DistanceDisplayConditionTest, NanBoundIsStoredAndDoesNotLimitItsSide) {
-    const DistanceDisplayCondition condition(kNan, 100.0f);
+    const DistanceDisplayCondition condition(NOT_A_NUMBER, 100.0f);
     EXPECT_TRUE(std::isnan(condition.getNear()));
     EXPECT_TRUE(condition.isVisibleAt(0.0));
     EXPECT_FALSE(condition.isVisibleAt(101.0));
@@ -50,7 +50,7 @@ TEST(DistanceDisplayConditionTest, NanBoundIsStoredAndDoesNotLimitItsSide) {
 TEST(DistanceDisplayConditionTest, EqualityIsExactAndNanEqualsNothing) {
     EXPECT_EQ(DistanceDisplayCondition(1.0f, 2.0f), DistanceDisplayCondition(1.0f, 2.0f));
     EXPECT_NE(DistanceDisplayCondition(1.0f, 2.0f), DistanceDisplayCondition(1.0f, 3.0f));
-    const DistanceDisplayCondition withNan(kNan, 2.0f);
+    const DistanceDisplayCondition withNan(NOT_A_NUMBER, 2.0f);
     EXPECT_NE(withNan, withNan);
 }
 

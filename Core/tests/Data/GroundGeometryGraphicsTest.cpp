@@ -14,7 +14,7 @@ namespace {
 using keo::GroundGeometryGraphics;
 using keo::Radian;
 
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
 TEST(GroundGeometryGraphicsTest, DefaultsLieAtHeightZeroWithOneDegreeGranularity) {
     const keo::EllipseGraphics ellipse;
@@ -46,13 +46,13 @@ TEST(GroundGeometryGraphicsTest, NanIsIgnoredAndGranularityMustBePositive) {
     keo::RectangleGraphics rectangle;
     GroundGeometryGraphics& graphics = rectangle;
     graphics.setHeight(-20.0); // below the ellipsoid is a valid height
-    graphics.setHeight(kNan);
+    graphics.setHeight(NOT_A_NUMBER);
     graphics.setExtrudedHeight(5.0);
-    graphics.setExtrudedHeight(kNan);
-    graphics.setStRotation(Radian(kNan));
+    graphics.setExtrudedHeight(NOT_A_NUMBER);
+    graphics.setStRotation(Radian(NOT_A_NUMBER));
     graphics.setGranularity(0.0);
     graphics.setGranularity(-1.0);
-    graphics.setGranularity(kNan);
+    graphics.setGranularity(NOT_A_NUMBER);
     EXPECT_EQ(graphics.getHeight(), -20.0);
     EXPECT_EQ(graphics.getExtrudedHeight(), 5.0);
     EXPECT_EQ(graphics.getStRotation(), Radian(0.0));
@@ -63,7 +63,7 @@ TEST(GroundGeometryGraphicsTest, AreaOptionsAreTakenAsGiven) {
     keo::EllipseGraphics::ConstructorOptions options;
     options.height = 12.0;
     options.extrudedHeight = 40.0;
-    options.granularity = kNan;
+    options.granularity = NOT_A_NUMBER;
     options.stRotation = Radian(0.5);
     const keo::EllipseGraphics graphics(options);
     EXPECT_EQ(graphics.getHeight(), 12.0);

@@ -17,7 +17,7 @@ using keo::LabelStyle;
 using keo::Vector2;
 using keo::Vector4;
 
-constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
+constexpr float NOT_A_NUMBER = std::numeric_limits<float>::quiet_NaN();
 
 TEST(LabelGraphicsTest, DefaultsAreAFilledWhiteTextWithoutBackground) {
     const LabelGraphics graphics;
@@ -96,11 +96,11 @@ TEST(LabelGraphicsTest, OptionsAreTakenAsGiven) {
 
 TEST(LabelGraphicsTest, BadNumbersAreIgnoredOrClamped) {
     LabelGraphics graphics;
-    graphics.setFontSize(kNan);
+    graphics.setFontSize(NOT_A_NUMBER);
     graphics.setScale(-1.0f);
-    graphics.setOutlineWidth(kNan);
+    graphics.setOutlineWidth(NOT_A_NUMBER);
     graphics.setBackgroundPadding({-1.0f, 2.0f, 3.0f, 4.0f});
-    graphics.setPixelOffset({0.0f, kNan});
+    graphics.setPixelOffset({0.0f, NOT_A_NUMBER});
     graphics.setStyle(static_cast<LabelStyle>(3));
     EXPECT_EQ(graphics.getFontSize(), 30.0f);
     EXPECT_EQ(graphics.getScale(), 0.0f);
@@ -109,13 +109,13 @@ TEST(LabelGraphicsTest, BadNumbersAreIgnoredOrClamped) {
     EXPECT_EQ(graphics.getPixelOffset(), Vector2<float>());
     EXPECT_EQ(graphics.getStyle(), LabelStyle::Fill);
 
-    graphics.setBackgroundPadding({kNan, 1.0f, 1.0f, 1.0f});
+    graphics.setBackgroundPadding({NOT_A_NUMBER, 1.0f, 1.0f, 1.0f});
     EXPECT_EQ(graphics.getBackgroundPadding(), Vector4<float>(0.0f, 2.0f, 3.0f, 4.0f));
 }
 
 TEST(LabelGraphicsTest, InvalidOptionValuesFallBackToTheDefaults) {
     LabelGraphics::ConstructorOptions options;
-    options.fontSize = kNan;
+    options.fontSize = NOT_A_NUMBER;
     options.horizontalOrigin = static_cast<keo::HorizontalOrigin>(7);
     const LabelGraphics graphics(options);
     EXPECT_EQ(graphics.getFontSize(), 30.0f);

@@ -15,7 +15,7 @@ using keo::Radian;
 using keo::Resource;
 using keo::Vector3;
 
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
 ModelGraphics::BoundingBox box(const Vector3<double>& center, const Vector3<double>& half) {
     ModelGraphics::BoundingBox b;
@@ -81,14 +81,14 @@ TEST(ModelGraphicsTest, ANewUriMakesTheModelUnloadedAgain) {
 
 TEST(ModelGraphicsTest, BadValuesAreIgnoredOrClamped) {
     ModelGraphics graphics;
-    graphics.setScale({kNan, 1.0, 1.0});
-    graphics.setRotation({Radian(kNan), Radian(0.0), Radian(0.0)});
+    graphics.setScale({NOT_A_NUMBER, 1.0, 1.0});
+    graphics.setRotation({Radian(NOT_A_NUMBER), Radian(0.0), Radian(0.0)});
     EXPECT_EQ(graphics.getScale(), Vector3<double>(1.0, 1.0, 1.0));
     EXPECT_EQ(graphics.getRotation(), Vector3<Radian>());
     graphics.setScale({-1.0, 2.0, 3.0});
     EXPECT_EQ(graphics.getScale(), Vector3<double>(0.0, 2.0, 3.0));
 
-    graphics.setBoundingBox(box({0.0, 0.0, kNan}, {1.0, 1.0, 1.0}));
+    graphics.setBoundingBox(box({0.0, 0.0, NOT_A_NUMBER}, {1.0, 1.0, 1.0}));
     EXPECT_FALSE(graphics.getBoundingBox().has_value());
     graphics.setBoundingBox(box({0.0, 0.0, 1.0}, {-1.0, 2.0, 3.0}));
     ASSERT_TRUE(graphics.getBoundingBox().has_value());

@@ -18,7 +18,7 @@ using keo::ParticleBurst;
 using keo::ParticleSystemGraphics;
 using keo::Vector2;
 
-constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
+constexpr float NOT_A_NUMBER = std::numeric_limits<float>::quiet_NaN();
 
 TEST(ParticleSystemGraphicsTest, DefaultsEmitFivePerSecondForeverFromAPoint) {
     const ParticleSystemGraphics graphics;
@@ -103,17 +103,18 @@ TEST(ParticleSystemGraphicsTest, OptionsAreTakenAsGiven) {
 
 TEST(ParticleSystemGraphicsTest, BurstsWithNanAreDroppedAndNegativeMembersBecomeZero) {
     ParticleSystemGraphics graphics;
-    graphics.setBursts({{kNan, 1.0f, 2.0f}, {-1.0f, -5.0f, 3.0f}, {4.0f, 1.0f, kNan}});
+    graphics.setBursts(
+        {{NOT_A_NUMBER, 1.0f, 2.0f}, {-1.0f, -5.0f, 3.0f}, {4.0f, 1.0f, NOT_A_NUMBER}});
     EXPECT_EQ(graphics.getBursts(), (std::vector<ParticleBurst>{{0.0f, 0.0f, 3.0f}}));
 }
 
 TEST(ParticleSystemGraphicsTest, BadNumbersAreIgnoredOrClamped) {
     ParticleSystemGraphics graphics;
-    graphics.setEmissionRate(kNan);
+    graphics.setEmissionRate(NOT_A_NUMBER);
     graphics.setMinimumSpeed(-3.0f);
     graphics.setLifetime(-1.0f);
-    graphics.setGravity(kNan);
-    graphics.setMaximumImageSize({kNan, 1.0f});
+    graphics.setGravity(NOT_A_NUMBER);
+    graphics.setMaximumImageSize({NOT_A_NUMBER, 1.0f});
     graphics.setMinimumImageSize({-2.0f, 3.0f});
     std::array<double, 16> values{};
     values[0] = std::numeric_limits<double>::quiet_NaN();

@@ -17,7 +17,7 @@ using keo::PolylineGraphics;
 using keo::Vector2;
 using keo::Vector3;
 
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
 TEST(PolylineGraphicsTest, DefaultsAreAOnePixelLineWithoutPositions) {
     const PolylineGraphics graphics;
@@ -56,7 +56,7 @@ TEST(PolylineGraphicsTest, APropertyIsGivenBackAsTheSameObject) {
 TEST(PolylineGraphicsTest, PointsWithNanAreDroppedFromPlainPositions) {
     PolylineGraphics graphics;
     graphics.setPositions(
-        std::vector<Vector3<double>>{{1.0, 0.0, 0.0}, {kNan, 0.0, 0.0}, {2.0, 0.0, 0.0}});
+        std::vector<Vector3<double>>{{1.0, 0.0, 0.0}, {NOT_A_NUMBER, 0.0, 0.0}, {2.0, 0.0, 0.0}});
     EXPECT_EQ(graphics.getPositionValues(keo::TimePoint()),
               (std::vector<Vector3<double>>{{1.0, 0.0, 0.0}, {2.0, 0.0, 0.0}}));
 }

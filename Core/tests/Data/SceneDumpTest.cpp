@@ -53,7 +53,7 @@ std::shared_ptr<Entity> smallTree() {
     return root;
 }
 
-const char* const kExpectedText = R"(Entity "root"
+const char* const EXPECTED_TEXT = R"(Entity "root"
   show: true
   asynchronous: true
   position: [1, 2, 3]
@@ -105,7 +105,7 @@ const char* const kExpectedText = R"(Entity "root"
     children: 0
 )";
 
-const char* const kExpectedJson = R"({
+const char* const EXPECTED_JSON = R"({
   "name": "root",
   "show": true,
   "asynchronous": true,
@@ -172,11 +172,11 @@ const char* const kExpectedJson = R"({
 )";
 
 TEST(SceneDumpTest, TextOfASmallTreeListsEveryEntityFieldAndChildInOrder) {
-    EXPECT_EQ(SceneDump::toText(*smallTree()), kExpectedText);
+    EXPECT_EQ(SceneDump::toText(*smallTree()), EXPECTED_TEXT);
 }
 
 TEST(SceneDumpTest, JsonOfASmallTreeIsExact) {
-    EXPECT_EQ(SceneDump::toJson(*smallTree()), kExpectedJson);
+    EXPECT_EQ(SceneDump::toJson(*smallTree()), EXPECTED_JSON);
 }
 
 TEST(SceneDumpTest, ASingleEntityWithoutAnythingIsAShortRecord) {

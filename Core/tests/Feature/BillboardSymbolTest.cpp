@@ -25,7 +25,7 @@ using keo::Feature::BillboardSymbol;
 using keo::Feature::Symbol;
 using namespace keo::Feature::test;
 
-constexpr float NaN = std::numeric_limits<float>::quiet_NaN();
+constexpr float NOT_A_NUMBER = std::numeric_limits<float>::quiet_NaN();
 
 std::shared_ptr<Image> makeImage() {
     return std::make_shared<Image>(1u, 1u, std::vector<std::uint8_t>{1, 2, 3, 4});
@@ -169,16 +169,16 @@ TEST(BillboardSymbolTest, SetPixelOffsetComparesComponentWise) {
 TEST(BillboardSymbolTest, NaNIsAlwaysAChange) {
     using Size = std::optional<float>;
     expectNaNAlwaysChanges<BillboardSymbol>([](BillboardSymbol& s, float v) { s.setScale(v); },
-                                            NaN);
+                                            NOT_A_NUMBER);
     expectNaNAlwaysChanges<BillboardSymbol>(
-        [](BillboardSymbol& s, const Size& v) { s.setWidth(v); }, Size(NaN));
+        [](BillboardSymbol& s, const Size& v) { s.setWidth(v); }, Size(NOT_A_NUMBER));
     expectNaNAlwaysChanges<BillboardSymbol>(
-        [](BillboardSymbol& s, const Size& v) { s.setHeight(v); }, Size(NaN));
+        [](BillboardSymbol& s, const Size& v) { s.setHeight(v); }, Size(NOT_A_NUMBER));
     expectNaNAlwaysChanges<BillboardSymbol>(
-        [](BillboardSymbol& s, const Color& v) { s.setColor(v); }, Color(1.0f, NaN, 1.0f));
+        [](BillboardSymbol& s, const Color& v) { s.setColor(v); }, Color(1.0f, NOT_A_NUMBER, 1.0f));
     expectNaNAlwaysChanges<BillboardSymbol>(
         [](BillboardSymbol& s, const Vector2<float>& v) { s.setPixelOffset(v); },
-        Vector2<float>(NaN, 0.0f));
+        Vector2<float>(NOT_A_NUMBER, 0.0f));
 }
 
 TEST(BillboardSymbolTest, AssignCopiesTheFieldsInDeclarationOrderAfterEnabled) {

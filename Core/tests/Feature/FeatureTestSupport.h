@@ -83,7 +83,7 @@ private:
 };
 
 /** The message that every assign between different kinds logs. */
-inline const std::string kAssignKindMessage = "类型不同无法赋值！";
+inline const std::string ASSIGN_KIND_MESSAGE = "类型不同无法赋值！";
 
 /**
  * The line of the kit's source @p sourcePath (without extension, e.g.

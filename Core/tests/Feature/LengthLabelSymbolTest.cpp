@@ -132,7 +132,7 @@ TEST(LengthLabelSymbolTest, AssignFromAnotherKindLogsAndChangesNothing) {
     EXPECT_EQ(recorder.events, "");
     const auto records = log.records();
     ASSERT_EQ(records.size(), 1u);
-    EXPECT_EQ(records[0].message, keo::Feature::test::kAssignKindMessage);
+    EXPECT_EQ(records[0].message, keo::Feature::test::ASSIGN_KIND_MESSAGE);
     EXPECT_EQ(records[0].location.file, "Core/src/Feature/LengthLabelSymbol");
     EXPECT_EQ(records[0].location.function, "keo::Feature::LengthLabelSymbol::assign");
 }

@@ -129,7 +129,7 @@ TEST(LineSymbolTest, AssignFromAnotherKindLogsAndChangesNothing) {
     target.assign(keo::Feature::LabelSymbol());
     const auto records = log.records();
     ASSERT_EQ(records.size(), 1u);
-    EXPECT_EQ(records[0].message, keo::Feature::test::kAssignKindMessage);
+    EXPECT_EQ(records[0].message, keo::Feature::test::ASSIGN_KIND_MESSAGE);
     EXPECT_EQ(records[0].location.file, "Core/src/Feature/LineSymbol");
     EXPECT_EQ(records[0].location.function, "keo::Feature::LineSymbol::assign");
 }

@@ -104,7 +104,7 @@ void expectAssignFromOtherKindLogs(const M& target, const Material& other,
     EXPECT_EQ(recorder.events, "");
     const auto records = log.records();
     ASSERT_EQ(records.size(), 1u);
-    EXPECT_EQ(records[0].message, kAssignKindMessage);
+    EXPECT_EQ(records[0].message, ASSIGN_KIND_MESSAGE);
     EXPECT_EQ(records[0].level, 3);
     EXPECT_EQ(records[0].location.file, "Core/src/Feature/" + name);
     EXPECT_EQ(records[0].location.line,

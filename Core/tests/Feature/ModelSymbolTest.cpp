@@ -23,7 +23,7 @@ using keo::Feature::ModelSymbol;
 using keo::Feature::Symbol;
 using namespace keo::Feature::test;
 
-constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
 using Rotation = Vector3<Radian>;
 
@@ -98,9 +98,9 @@ TEST(ModelSymbolTest, SetAllowPickingRaisesOneChangeAndNothingForTheSameValue) {
 TEST(ModelSymbolTest, NaNIsAlwaysAChange) {
     expectNaNAlwaysChanges<ModelSymbol>(
         [](ModelSymbol& s, const Vector3<double>& v) { s.setScale(v); },
-        Vector3<double>(1.0, NaN, 1.0));
+        Vector3<double>(1.0, NOT_A_NUMBER, 1.0));
     expectNaNAlwaysChanges<ModelSymbol>([](ModelSymbol& s, const Rotation& v) { s.setRotation(v); },
-                                        Rotation(Radian(), Radian(), Radian(NaN)));
+                                        Rotation(Radian(), Radian(), Radian(NOT_A_NUMBER)));
     expectNaNAlwaysChanges<ModelSymbol>([](ModelSymbol& s, const Color& v) { s.setColor(v); },
                                         Color(std::numeric_limits<float>::quiet_NaN(), 1.0f, 1.0f));
 }

@@ -23,7 +23,7 @@ using keo::Feature::ParticleEmitter;
 using keo::Feature::SphereEmitter;
 using namespace keo::Feature::test;
 
-constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
 using Dimensions = Vector3<double>;
 
@@ -63,7 +63,7 @@ TEST(ParticleEmitterTest, BoxOfZeroDimensionsIsValid) {
 
 TEST(ParticleEmitterTest, ConeAcceptsAnyAngle) {
     ConeEmitter cone(Radian(-10.0));
-    cone.setAngle(Radian(NaN));
+    cone.setAngle(Radian(NOT_A_NUMBER));
     EXPECT_NE(cone.getAngle(), cone.getAngle()); // NaN stored as given
 }
 
@@ -114,8 +114,8 @@ TEST(ParticleEmitterTest, SphereSetRadiusRaisesOneChangeAndNothingForTheSameValu
 TEST(ParticleEmitterTest, ConeNaNAngleIsAlwaysAChange) {
     ConeEmitter cone(Radian(0.5));
     const EventRecorder recorder(cone);
-    cone.setAngle(Radian(NaN));
-    cone.setAngle(Radian(NaN));
+    cone.setAngle(Radian(NOT_A_NUMBER));
+    cone.setAngle(Radian(NOT_A_NUMBER));
     EXPECT_EQ(recorder.events, "LUDLUD");
 }
 
@@ -265,7 +265,7 @@ TEST_F(ParticleEmitterDeathTest, CircleOfRadiusZeroStops) {
 }
 
 TEST_F(ParticleEmitterDeathTest, CircleOfNaNRadiusStops) {
-    EXPECT_DEATH(CircleEmitter{NaN},
+    EXPECT_DEATH(CircleEmitter{NOT_A_NUMBER},
                  report("Core/include/Feature/ParticleEmitter:124", "radius > 0.0"));
 }
 
@@ -320,7 +320,7 @@ TEST_F(ParticleEmitterDeathTest, BoxConstructedWithANegativeDimensionStops) {
 
 TEST_F(ParticleEmitterDeathTest, SetDimensionsWithNaNStops) {
     BoxEmitter box(Dimensions(1.0, 1.0, 1.0));
-    EXPECT_DEATH(box.setDimensions({1.0, NaN, 1.0}),
+    EXPECT_DEATH(box.setDimensions({1.0, NOT_A_NUMBER, 1.0}),
                  reportStart("Core/src/Feature/ParticleEmitter:80", "value.y >= 0.0"));
 }
 

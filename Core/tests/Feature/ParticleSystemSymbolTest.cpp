@@ -33,7 +33,7 @@ using keo::Feature::SphereEmitter;
 using keo::Feature::Symbol;
 using namespace keo::Feature::test;
 
-constexpr float NaN = std::numeric_limits<float>::quiet_NaN();
+constexpr float NOT_A_NUMBER = std::numeric_limits<float>::quiet_NaN();
 
 using Bursts = std::vector<ParticleBurst>;
 using FloatSetter = void (ParticleSystemSymbol::*)(float);
@@ -164,7 +164,7 @@ TEST(ParticleSystemSymbolTest, EveryFloatSetterCountsNaNAsAChange) {
     for (const auto& entry : floatSetters()) {
         const FloatSetter set = entry.first;
         expectNaNAlwaysChanges<ParticleSystemSymbol>(
-            [set](ParticleSystemSymbol& s, float v) { (s.*set)(v); }, NaN);
+            [set](ParticleSystemSymbol& s, float v) { (s.*set)(v); }, NOT_A_NUMBER);
     }
 }
 
@@ -188,13 +188,13 @@ TEST(ParticleSystemSymbolTest, VectorColorAndAngleSettersCountNaNAsAChange) {
     using Size = Vector2<float>;
     const double angleNaN = std::numeric_limits<double>::quiet_NaN();
     expectNaNAlwaysChanges<S>([](S& s, const Size& v) { s.setMinimumImageSize(v); },
-                              Size(NaN, 1.0f));
+                              Size(NOT_A_NUMBER, 1.0f));
     expectNaNAlwaysChanges<S>([](S& s, const Size& v) { s.setMaximumImageSize(v); },
-                              Size(1.0f, NaN));
+                              Size(1.0f, NOT_A_NUMBER));
     expectNaNAlwaysChanges<S>([](S& s, const Color& v) { s.setStartColor(v); },
-                              Color(NaN, NaN, NaN, NaN));
+                              Color(NOT_A_NUMBER, NOT_A_NUMBER, NOT_A_NUMBER, NOT_A_NUMBER));
     expectNaNAlwaysChanges<S>([](S& s, const Color& v) { s.setEndColor(v); },
-                              Color(0.0f, 0.0f, NaN));
+                              Color(0.0f, 0.0f, NOT_A_NUMBER));
     expectNaNAlwaysChanges<S>([](S& s, const Radian& v) { s.setHeading(v); }, Radian(angleNaN));
     expectNaNAlwaysChanges<S>([](S& s, const Radian& v) { s.setPitch(v); }, Radian(angleNaN));
 }
@@ -228,8 +228,9 @@ TEST(ParticleSystemSymbolTest, SettingBurstsEqualElementByElementRaisesNothing) 
 }
 
 TEST(ParticleSystemSymbolTest, ABurstContainingNaNAlwaysRaisesAChange) {
-    for (const auto& burst : {ParticleBurst(NaN, 1.0f, 1.0f), ParticleBurst(0.0f, NaN, 1.0f),
-                              ParticleBurst(0.0f, 1.0f, NaN)}) {
+    for (const auto& burst :
+         {ParticleBurst(NOT_A_NUMBER, 1.0f, 1.0f), ParticleBurst(0.0f, NOT_A_NUMBER, 1.0f),
+          ParticleBurst(0.0f, 1.0f, NOT_A_NUMBER)}) {
         expectNaNAlwaysChanges<ParticleSystemSymbol>(
             [](ParticleSystemSymbol& s, const Bursts& v) { s.setBursts(v); },
             Bursts{ParticleBurst(), burst});

@@ -82,8 +82,8 @@ constexpr const char* BILLBOARD = "billboard-symbol";
 constexpr const char* MODEL = "model-symbol";
 constexpr const char* PARTICLES = "particle-system--symbol";
 
-const Cartographic kPlace = Cartographic::fromDegrees(116.39, 39.91, 50.0);
-const Cartographic kOtherPlace = Cartographic::fromDegrees(121.47, 31.23, 10.0);
+const Cartographic PLACE = Cartographic::fromDegrees(116.39, 39.91, 50.0);
+const Cartographic OTHER_PLACE = Cartographic::fromDegrees(121.47, 31.23, 10.0);
 
 Vector3<double> cartesian(const Cartographic& c) {
     return Ellipsoid::WGS84.cartographicToCartesian(c);
@@ -106,10 +106,10 @@ const Graphics* graphicsOf(const Entity& entity) {
     return graphics ? graphics->as<Graphics>() : nullptr;
 }
 
-// A point moving east at 10 m/s from kPlace: a position that is not constant.
+// A point moving east at 10 m/s from PLACE: a position that is not constant.
 std::shared_ptr<PositionProperty> movingPosition() {
     return std::make_shared<keo::CallbackPositionProperty>([](const TimePoint& time) {
-        Cartographic c = kPlace;
+        Cartographic c = PLACE;
         c.longitude = Radian(c.longitude.value() + 10.0 * time.seconds() / 6378137.0);
         return std::optional<Vector3<double>>(cartesian(c));
     });
@@ -176,7 +176,7 @@ struct PointScene {
 
     std::shared_ptr<Entity> root = std::make_shared<Entity>();
     Feature feature{std::uint64_t{1}};
-    PointGeometry geometry{kPlace};
+    PointGeometry geometry{PLACE};
     PointStyle style;
 };
 
@@ -184,7 +184,7 @@ struct PointScene {
 
 TEST(PointGeometryTest, APointIsOfKind300) {
     EXPECT_EQ(static_cast<int>(PointGeometry(false).getType()), 300);
-    EXPECT_EQ(PointGeometry(kPlace).getType(), Geometry::Type::Point);
+    EXPECT_EQ(PointGeometry(PLACE).getType(), Geometry::Type::Point);
 }
 
 TEST(PointGeometryTest, TheOverlayConstructorGivesNoPosition) {
@@ -195,46 +195,46 @@ TEST(PointGeometryTest, TheOverlayConstructorGivesNoPosition) {
 }
 
 TEST(PointGeometryTest, TheCartographicConstructorHoldsAConstantFixedCartesianPosition) {
-    const PointGeometry point(kPlace);
+    const PointGeometry point(PLACE);
     EXPECT_FALSE(point.isOverlay());
     const auto* position = dynamic_cast<const keo::ConstantPositionProperty*>(point.getPosition());
     ASSERT_NE(position, nullptr);
     EXPECT_TRUE(position->isConstant());
     EXPECT_EQ(position->getReferenceFrame(), keo::ReferenceFrame::Fixed);
-    EXPECT_EQ(position->getValue(TimePoint()), cartesian(kPlace));
+    EXPECT_EQ(position->getValue(TimePoint()), cartesian(PLACE));
 }
 
 TEST(PointGeometryTest, MovingToTheSameCartographicPointRaisesNothing) {
-    PointGeometry point(kPlace);
+    PointGeometry point(PLACE);
     const PositionProperty* held = point.getPosition();
     const EventRecorder recorder(point);
-    point.setPosition(kPlace);
+    point.setPosition(PLACE);
     EXPECT_EQ(recorder.events, "");
     EXPECT_EQ(point.getPosition(), held);
 }
 
 TEST(PointGeometryTest, MovingToAnotherPointStoresANewConstantPosition) {
-    PointGeometry point(kPlace);
+    PointGeometry point(PLACE);
     const PositionProperty* held = point.getPosition();
     const EventRecorder recorder(point);
-    point.setPosition(kOtherPlace);
+    point.setPosition(OTHER_PLACE);
     EXPECT_EQ(recorder.events, "LUD");
     EXPECT_NE(point.getPosition(), held);
     EXPECT_TRUE(point.getPosition()->isConstant());
-    EXPECT_EQ(point.getPosition()->getValue(TimePoint()), cartesian(kOtherPlace));
+    EXPECT_EQ(point.getPosition()->getValue(TimePoint()), cartesian(OTHER_PLACE));
 }
 
 TEST(PointGeometryTest, ACartographicPositionReplacesAMovingOneAndFillsAnEmptyOne) {
-    PointGeometry point(kPlace);
+    PointGeometry point(PLACE);
     point.setPosition(movingPosition());
     const EventRecorder recorder(point);
-    point.setPosition(kPlace); // the moving position is at kPlace at time zero
+    point.setPosition(PLACE); // the moving position is at PLACE at time zero
     EXPECT_EQ(recorder.events, "LUD");
     EXPECT_TRUE(point.getPosition()->isConstant());
 
     PointGeometry empty(false);
     const EventRecorder emptyRecorder(empty);
-    empty.setPosition(kPlace);
+    empty.setPosition(PLACE);
     EXPECT_EQ(emptyRecorder.events, "LUD");
 }
 
@@ -243,17 +243,17 @@ TEST(PointGeometryTest, SettingTheHeldOrAnEqualPropertyRaisesNothing) {
     const EventRecorder recorder(point);
     point.setPosition(std::shared_ptr<PositionProperty>());
     EXPECT_EQ(recorder.events, "") << "null over null";
-    const auto position = std::make_shared<keo::ConstantPositionProperty>(cartesian(kPlace));
+    const auto position = std::make_shared<keo::ConstantPositionProperty>(cartesian(PLACE));
     point.setPosition(position);
     EXPECT_EQ(recorder.events, "LUD");
     point.setPosition(position);
-    point.setPosition(std::make_shared<keo::ConstantPositionProperty>(cartesian(kPlace)));
+    point.setPosition(std::make_shared<keo::ConstantPositionProperty>(cartesian(PLACE)));
     EXPECT_EQ(recorder.events, "LUD") << "the same pointer, then an equal property";
     EXPECT_EQ(point.getPosition(), position.get());
 }
 
 TEST(PointGeometryTest, AnotherPropertyOrNullIsAChange) {
-    PointGeometry point(kPlace);
+    PointGeometry point(PLACE);
     const EventRecorder recorder(point);
     const auto moving = movingPosition();
     point.setPosition(moving);
@@ -267,7 +267,7 @@ TEST(PointGeometryTest, AnotherPropertyOrNullIsAChange) {
 TEST(PointGeometryTest, ACloneHasThePositionAndOverlayButNoAnchorAndNoListeners) {
     PointScene scene;
     PointGeometry overlay(true);
-    overlay.setPosition(kPlace);
+    overlay.setPosition(PLACE);
     overlay.setDistanceDisplayCondition(DistanceDisplayCondition(1.0f, 2.0f));
     // A hint line stores the anchor.
     const auto label = std::make_shared<LabelSymbol>();
@@ -283,15 +283,15 @@ TEST(PointGeometryTest, ACloneHasThePositionAndOverlayButNoAnchorAndNoListeners)
     EXPECT_TRUE(copy.isOverlay());
     EXPECT_EQ(copy.getDistanceDisplayCondition(), overlay.getDistanceDisplayCondition());
     EXPECT_FALSE(copy.getDistanceDisplayConditionAnchor().has_value());
-    static_cast<PointGeometry&>(*cloned).setPosition(kOtherPlace);
+    static_cast<PointGeometry&>(*cloned).setPosition(OTHER_PLACE);
     EXPECT_EQ(recorder.events, "");
 }
 
 TEST(PointGeometryTest, AssignCopiesConditionAndPositionButNotTheOverlay) {
     PointGeometry source(true);
-    source.setPosition(kOtherPlace);
+    source.setPosition(OTHER_PLACE);
     source.setDistanceDisplayCondition(DistanceDisplayCondition(1.0f, 2.0f));
-    PointGeometry target(kPlace);
+    PointGeometry target(PLACE);
     const EventRecorder recorder(target);
     target.assign(source);
     EXPECT_EQ(recorder.events, "LUDLUD");
@@ -306,7 +306,7 @@ TEST(PointGeometryTest, AssignFromAnotherKindLogsAndChangesNothing) {
     const CapturedLog log;
     TestGeometry polyline(Geometry::Type::Polyline);
     polyline.setDistanceDisplayCondition(DistanceDisplayCondition(1.0f, 2.0f));
-    PointGeometry point(kPlace);
+    PointGeometry point(PLACE);
     const EventRecorder recorder(point);
     point.assign(polyline);
     EXPECT_EQ(recorder.events, "");
@@ -318,7 +318,7 @@ TEST(PointGeometryTest, AssignFromAnotherKindLogsAndChangesNothing) {
 TEST(PointGeometryTest, AnotherClassWithThePointCodeIsNotReadAsAPoint) {
     const CapturedLog log;
     TestGeometry impostor(Geometry::Type::Point);
-    PointGeometry point(kPlace);
+    PointGeometry point(PLACE);
     point.assign(impostor);
     EXPECT_NE(point.getPosition(), nullptr);
     expectAssignKindLogged(log, "Core/src/Feature/PointGeometry",
@@ -783,7 +783,7 @@ TEST(PointGeometryTest, TheLabelOfAPointTakesItsOverlayFlag) {
     for (const bool overlay : {true, false}) {
         PointScene scene;
         PointGeometry point(overlay);
-        point.setPosition(kPlace);
+        point.setPosition(PLACE);
         scene.style.setLabelSymbol(std::make_shared<LabelSymbol>());
         point._updateStyle(*scene.root, scene.feature, &scene.style);
         const auto label = scene.child(LABEL);
@@ -811,9 +811,9 @@ TEST(PointGeometryTest, TheGeometryUpdateGivesEveryEntityThePosition) {
     PointScene scene;
     scene.fillStyle();
     scene.updateStyle();
-    scene.geometry.setPosition(kOtherPlace);
+    scene.geometry.setPosition(OTHER_PLACE);
     EXPECT_TRUE(scene.geometry._updateGeometry(*scene.root, &scene.style));
-    const auto expected = cartesian(kOtherPlace);
+    const auto expected = cartesian(OTHER_PLACE);
     for (const auto& entity : {scene.root, scene.child(BILLBOARD), scene.child(MODEL),
                                scene.child(PARTICLES), scene.child(LABEL)}) {
         SCOPED_TRACE(entity->getName());
@@ -829,7 +829,7 @@ TEST(PointGeometryTest, TheStyleUpdatePlacesOnlyNewLabelsAndBillboards) {
     scene.updateStyle();
     const auto oldPosition = scene.child(BILLBOARD)->getPosition();
     const auto oldLabelPosition = scene.child(LABEL)->getPosition();
-    scene.geometry.setPosition(kOtherPlace);
+    scene.geometry.setPosition(OTHER_PLACE);
     scene.updateStyle();
     EXPECT_EQ(scene.root->getPosition().get(), scene.geometry.getPosition());
     EXPECT_EQ(scene.child(MODEL)->getPosition().get(), scene.geometry.getPosition());
@@ -868,7 +868,7 @@ TEST(PointGeometryTest, AMovingPositionTurnsModelAndParticlesAlongThePath) {
         EXPECT_TRUE(orientation->getValue(TimePoint()).has_value());
     }
     EXPECT_EQ(scene.child(BILLBOARD)->getOrientation(), nullptr);
-    scene.geometry.setPosition(kPlace);
+    scene.geometry.setPosition(PLACE);
     scene.updateBoth();
     EXPECT_EQ(scene.child(MODEL)->getOrientation(), nullptr);
 }
@@ -881,14 +881,14 @@ TEST(PointGeometryTest, TheLabelSitsAtTheModelsPositionUntilTheModelIsReady) {
     const auto labelPosition = scene.child(LABEL)->getPosition();
     ASSERT_NE(labelPosition, nullptr);
     EXPECT_FALSE(labelPosition->isConstant());
-    expectNear(valueAtZero(labelPosition), cartesian(kPlace));
+    expectNear(valueAtZero(labelPosition), cartesian(PLACE));
 
     // Loaded: the box's centre is 2 m up and it is 3 m high on each side of it, scaled by 2.
     auto& model = scene.modelGraphics();
     model.setBoundingBox(
         ModelGraphics::BoundingBox{Vector3<double>(0.0, 0.0, 2.0), Vector3<double>(1.0, 1.0, 3.0)});
     model.setReady(true);
-    Cartographic top = kPlace;
+    Cartographic top = PLACE;
     top.height += 2.0 + 3.0 * 2.0;
     expectNear(valueAtZero(labelPosition), cartesian(top));
     scene.updateBoth();
@@ -920,12 +920,12 @@ TEST(PointGeometryTest, WithoutAModelTheLabelAndHintLineTakeThePointAndTheAnchor
     EXPECT_EQ(scene.child(LABEL)->getPosition().get(), scene.geometry.getPosition());
     EXPECT_EQ(hintLine->getPosition().get(), scene.geometry.getPosition());
     EXPECT_EQ(scene.geometry.getDistanceDisplayConditionAnchor(),
-              std::optional<Vector3<double>>(cartesian(kPlace)));
+              std::optional<Vector3<double>>(cartesian(PLACE)));
 
-    scene.geometry.setPosition(kOtherPlace);
+    scene.geometry.setPosition(OTHER_PLACE);
     scene.updateStyle();
     EXPECT_EQ(scene.geometry.getDistanceDisplayConditionAnchor(),
-              std::optional<Vector3<double>>(cartesian(kOtherPlace)))
+              std::optional<Vector3<double>>(cartesian(OTHER_PLACE)))
         << "the hint line follows every update, and the anchor with it";
 
     scene.geometry.setPosition(std::shared_ptr<PositionProperty>());
@@ -948,7 +948,7 @@ TEST(PointGeometryTest, OverAModelTheHintLineRidesOnTheModelAndTheAnchorIsLeft) 
     model.setBoundingBox(
         ModelGraphics::BoundingBox{Vector3<double>(0.0, 0.0, 1.0), Vector3<double>(1.0, 1.0, 1.0)});
     model.setReady(true);
-    Cartographic top = kPlace;
+    Cartographic top = PLACE;
     top.height += 2.0;
     expectNear(valueAtZero(hintLine->getPosition()), cartesian(top));
 }
@@ -1009,7 +1009,7 @@ protected:
 
     PointScene scene; // makes the symbols
     Feature feature{std::uint64_t{7}};
-    std::shared_ptr<PointGeometry> geometry = std::make_shared<PointGeometry>(kPlace);
+    std::shared_ptr<PointGeometry> geometry = std::make_shared<PointGeometry>(PLACE);
     std::shared_ptr<PointStyle> style;
 };
 
@@ -1029,13 +1029,13 @@ TEST_F(PointFeatureFrames, EveryEditShowsInTheNextFrameWithTheEntitiesAddedAndDr
     EXPECT_TRUE(added.empty() && removed.empty());
 
     // Move: every entity follows, nothing is added or dropped.
-    geometry->setPosition(kOtherPlace);
+    geometry->setPosition(OTHER_PLACE);
     EXPECT_FALSE(feature._isEntityReady());
     std::tie(added, removed) = frame();
     EXPECT_TRUE(added.empty() && removed.empty());
     for (const auto& entity : feature._getAllEntities()) {
         SCOPED_TRACE(entity->getName());
-        expectNear(valueAtZero(entity->getPosition()), cartesian(kOtherPlace));
+        expectNear(valueAtZero(entity->getPosition()), cartesian(OTHER_PLACE));
     }
 
     // Recolour the dot.
@@ -1055,7 +1055,7 @@ TEST_F(PointFeatureFrames, EveryEditShowsInTheNextFrameWithTheEntitiesAddedAndDr
     std::tie(added, removed) = frame();
     EXPECT_EQ(added, Names{BILLBOARD});
     EXPECT_NE(child(BILLBOARD), oldBillboard);
-    expectNear(valueAtZero(child(BILLBOARD)->getPosition()), cartesian(kOtherPlace));
+    expectNear(valueAtZero(child(BILLBOARD)->getPosition()), cartesian(OTHER_PLACE));
 
     // Highlight.
     feature.setHighlight(true);
@@ -1092,7 +1092,7 @@ TEST_F(PointFeatureFrames, TheModelsLabelRidesOnItOnceLoaded) {
     model.setBoundingBox(
         ModelGraphics::BoundingBox{Vector3<double>(0.0, 0.0, 5.0), Vector3<double>(1.0, 1.0, 5.0)});
     model.setReady(true);
-    Cartographic top = kPlace;
+    Cartographic top = PLACE;
     top.height += 10.0;
     expectNear(valueAtZero(child(LABEL)->getPosition()), cartesian(top));
     // A recolour keeps the loaded model, so the label stays on top.
@@ -1109,7 +1109,7 @@ TEST_F(PointFeatureFrames, AFeatureWithOnlyTheDotDrawsItOnTheRoot) {
     EXPECT_EQ(added, Names{""});
     EXPECT_EQ(tree(), Names{""});
     EXPECT_EQ(graphicsOf<PointGraphics>(root())->getPixelSize(), 7.0f);
-    expectNear(valueAtZero(root().getPosition()), cartesian(kPlace));
+    expectNear(valueAtZero(root().getPosition()), cartesian(PLACE));
 }
 
 } // namespace

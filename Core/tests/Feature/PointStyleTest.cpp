@@ -255,7 +255,7 @@ TEST(PointStyleTest, AssigningAPointStyleToAPolygonStyleLogsAndChangesNothing) {
     EXPECT_EQ(recorder.events, "");
     const auto records = log.records();
     ASSERT_EQ(records.size(), 1u);
-    EXPECT_EQ(records[0].message, keo::Feature::test::kAssignKindMessage);
+    EXPECT_EQ(records[0].message, keo::Feature::test::ASSIGN_KIND_MESSAGE);
     EXPECT_EQ(records[0].location.function, "keo::Feature::Style::assign");
 }
 

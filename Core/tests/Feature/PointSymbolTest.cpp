@@ -18,7 +18,7 @@ using keo::Feature::PointSymbol;
 using keo::Feature::Symbol;
 using namespace keo::Feature::test;
 
-constexpr float NaN = std::numeric_limits<float>::quiet_NaN();
+constexpr float NOT_A_NUMBER = std::numeric_limits<float>::quiet_NaN();
 
 PointSymbol makeEdited() {
     PointSymbol symbol;
@@ -78,12 +78,15 @@ TEST(PointSymbolTest, SettingTheDefaultValuesRaisesNothing) {
 }
 
 TEST(PointSymbolTest, NaNIsAlwaysAChange) {
-    expectNaNAlwaysChanges<PointSymbol>([](PointSymbol& s, float v) { s.setPixelSize(v); }, NaN);
-    expectNaNAlwaysChanges<PointSymbol>([](PointSymbol& s, float v) { s.setOutlineWidth(v); }, NaN);
+    expectNaNAlwaysChanges<PointSymbol>([](PointSymbol& s, float v) { s.setPixelSize(v); },
+                                        NOT_A_NUMBER);
+    expectNaNAlwaysChanges<PointSymbol>([](PointSymbol& s, float v) { s.setOutlineWidth(v); },
+                                        NOT_A_NUMBER);
     expectNaNAlwaysChanges<PointSymbol>([](PointSymbol& s, const Color& v) { s.setColor(v); },
-                                        Color(NaN, 0.0f, 0.0f));
+                                        Color(NOT_A_NUMBER, 0.0f, 0.0f));
     expectNaNAlwaysChanges<PointSymbol>(
-        [](PointSymbol& s, const Color& v) { s.setOutlineColor(v); }, Color(0.0f, 0.0f, 0.0f, NaN));
+        [](PointSymbol& s, const Color& v) { s.setOutlineColor(v); },
+        Color(0.0f, 0.0f, 0.0f, NOT_A_NUMBER));
 }
 
 TEST(PointSymbolTest, ValuesAreStoredWithoutRangeChecks) {

@@ -65,17 +65,17 @@ TEST(RecursiveSpinLockTest, GuardsACounterAcrossThreads) {
 }
 
 TEST(RecursiveSpinLockTest, ThreadTokensAreNonZeroAndDistinctAmongRunningThreads) {
-    constexpr int kThreads = 8;
-    std::vector<std::uint32_t> tokens(kThreads);
+    constexpr int THREADS = 8;
+    std::vector<std::uint32_t> tokens(THREADS);
     std::atomic<int> arrived{0};
     std::vector<std::thread> threads;
-    for (int t = 0; t < kThreads; ++t) {
+    for (int t = 0; t < THREADS; ++t) {
         threads.emplace_back([&, t] {
             tokens[static_cast<std::size_t>(t)] = RecursiveSpinLock::currentThreadToken();
             EXPECT_EQ(RecursiveSpinLock::currentThreadToken(), tokens[static_cast<std::size_t>(t)]);
             // All alive at once, so no token is reused.
             arrived.fetch_add(1);
-            while (arrived.load() < kThreads) {
+            while (arrived.load() < THREADS) {
                 std::this_thread::yield();
             }
         });
@@ -84,7 +84,7 @@ TEST(RecursiveSpinLockTest, ThreadTokensAreNonZeroAndDistinctAmongRunningThreads
         thread.join();
     }
     const std::set<std::uint32_t> distinct(tokens.begin(), tokens.end());
-    EXPECT_EQ(distinct.size(), static_cast<std::size_t>(kThreads));
+    EXPECT_EQ(distinct.size(), static_cast<std::size_t>(THREADS));
     EXPECT_EQ(distinct.count(0u), 0u);
 }
 

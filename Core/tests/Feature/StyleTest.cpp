@@ -111,7 +111,7 @@ TEST(StyleTest, AssigningAStyleOfAnotherKindLogsAndChangesNothing) {
     EXPECT_EQ(recorder.events, "");
     const auto records = log.records();
     ASSERT_EQ(records.size(), 1u);
-    EXPECT_EQ(records[0].message, keo::Feature::test::kAssignKindMessage);
+    EXPECT_EQ(records[0].message, keo::Feature::test::ASSIGN_KIND_MESSAGE);
     EXPECT_EQ(records[0].level, 3);
     EXPECT_EQ(records[0].location.file, "Core/src/Feature/Style");
     EXPECT_EQ(records[0].location.line, 57);

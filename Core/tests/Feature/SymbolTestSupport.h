@@ -87,7 +87,7 @@ inline void expectAssignKindLogged(const CapturedLog& log, const std::string& so
                                    const std::string& function) {
     const auto records = log.records();
     ASSERT_EQ(records.size(), 1u);
-    EXPECT_EQ(records[0].message, kAssignKindMessage);
+    EXPECT_EQ(records[0].message, ASSIGN_KIND_MESSAGE);
     EXPECT_EQ(records[0].level, 3);
     EXPECT_EQ(records[0].location.file, sourcePath);
     const int line = logSiteLine(sourcePath, function);

@@ -21,17 +21,17 @@ namespace keo::scene {
 namespace {
 
 // The sample's features, by their place in the sample table.
-constexpr std::uint64_t kMarkerId = kFirstFeatureId;
-constexpr std::uint64_t kPinId = kFirstFeatureId + 1;
-constexpr std::uint64_t kSphereId = kFirstFeatureId + 6;
-constexpr std::uint64_t kDroneId = kFirstFeatureId + 7;
+constexpr std::uint64_t MARKER_ID = FIRST_FEATURE_ID;
+constexpr std::uint64_t PIN_ID = FIRST_FEATURE_ID + 1;
+constexpr std::uint64_t SPHERE_ID = FIRST_FEATURE_ID + 6;
+constexpr std::uint64_t DRONE_ID = FIRST_FEATURE_ID + 7;
 
 void recolourMarker(Scene& scene) {
-    scene.style(kMarkerId)->asPointStyle()->getPointSymbol()->setColor(Color::YELLOW);
+    scene.style(MARKER_ID)->asPointStyle()->getPointSymbol()->setColor(Color::YELLOW);
 }
 
 void moveMarker(Scene& scene) {
-    auto& geometry = static_cast<Feature::PointGeometry&>(*scene.feature(kMarkerId)->getGeometry());
+    auto& geometry = static_cast<Feature::PointGeometry&>(*scene.feature(MARKER_ID)->getGeometry());
     geometry.setPosition(Cartographic::fromDegrees(116.39, 39.9145, 0.0));
 }
 
@@ -44,16 +44,16 @@ void showParticles(Scene& scene) {
 }
 
 void highlightPin(Scene& scene) {
-    scene.feature(kPinId)->setHighlight(true);
+    scene.feature(PIN_ID)->setHighlight(true);
 }
 
 void swapMarkerStyle(Scene& scene) {
-    scene.setStyle(kMarkerId, makePinStyle());
+    scene.setStyle(MARKER_ID, makePinStyle());
 }
 
 void replaceSphere(Scene& scene) {
-    scene.remove(kSphereId);
-    scene.add("markers", makeMarker(kBeaconId, "Beacon"));
+    scene.remove(SPHERE_ID);
+    scene.add("markers", makeMarker(BEACON_ID, "Beacon"));
 }
 
 void relabelAll(Scene& scene) {
@@ -70,7 +70,7 @@ void relabelAll(Scene& scene) {
 }
 
 void dropDroneHintLine(Scene& scene) {
-    scene.style(kDroneId)->getLabelSymbol()->setShowHintLine(false);
+    scene.style(DRONE_ID)->getLabelSymbol()->setShowHintLine(false);
 }
 
 } // namespace

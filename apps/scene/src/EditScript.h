@@ -28,6 +28,6 @@ const std::vector<ScriptedEdit>& editScript();
 std::vector<std::string> applyEditsBefore(std::uint32_t frame, Scene& scene);
 
 /** @brief The id of the feature that the script adds in place of a removed one. */
-inline constexpr std::uint64_t kBeaconId = 2001;
+inline constexpr std::uint64_t BEACON_ID = 2001;
 
 } // namespace keo::scene

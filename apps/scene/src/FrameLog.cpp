@@ -86,7 +86,7 @@ std::string frameLogJson(const std::string& mode, const std::vector<FrameRecord>
     json.key("mode");
     json.value(mode);
     json.key("frameSeconds");
-    json.value(kFrameSeconds);
+    json.value(FRAME_SECONDS);
     json.key("frames");
     json.beginArray();
     for (const FrameRecord& record : frames) {

@@ -27,11 +27,11 @@ struct FrameRecord {
 };
 
 /** @brief Seconds of scene time from one frame to the next. */
-inline constexpr double kFrameSeconds = 0.5;
+inline constexpr double FRAME_SECONDS = 0.5;
 
 /** @brief The scene time of frame @p frame (from 1), seconds: the first frame is at 0. */
 inline double frameTime(std::uint32_t frame) noexcept {
-    return kFrameSeconds * static_cast<double>(frame - 1);
+    return FRAME_SECONDS * static_cast<double>(frame - 1);
 }
 
 /**

@@ -88,15 +88,15 @@ ParseResult parseArguments(const std::vector<std::string>& arguments) {
             }
             options.jsonPath = value;
         } else if (name == "--frames") {
-            const auto count = parseCount(value, kMaxFrames);
+            const auto count = parseCount(value, MAX_FRAMES);
             if (!count) {
-                return failure(countError(name, value, kMaxFrames));
+                return failure(countError(name, value, MAX_FRAMES));
             }
             options.frames = *count;
         } else {
-            const auto count = parseCount(value, kMaxFeatures);
+            const auto count = parseCount(value, MAX_FEATURES);
             if (!count) {
-                return failure(countError(name, value, kMaxFeatures));
+                return failure(countError(name, value, MAX_FEATURES));
             }
             options.features = *count;
         }
@@ -112,10 +112,10 @@ std::string usageText() {
            "tree.\n"
            "\n"
            "  --frames N     frames to play, 1 to " +
-           std::to_string(kMaxFrames) +
+           std::to_string(MAX_FRAMES) +
            " (default 12; one frame is 0.5 s of scene time)\n"
            "  --features N   scale mode: build N features (1 to " +
-           std::to_string(kMaxFeatures) +
+           std::to_string(MAX_FEATURES) +
            ") from the sample's kinds in\n"
            "                 turn, play as many clean frames and edit rounds as --frames says,\n"
            "                 and print features and entities per second for build, clean\n"

@@ -9,9 +9,9 @@ namespace keo::scene {
 
 /** @brief What the command line asks the program to do. */
 struct Options {
-    /** @brief Frames to play (1 to kMaxFrames). */
+    /** @brief Frames to play (1 to MAX_FRAMES). */
     std::uint32_t frames = 12;
-    /** @brief Scale mode: the number of features to build (1 to kMaxFeatures); empty: sample. */
+    /** @brief Scale mode: the number of features to build (1 to MAX_FEATURES); empty: sample. */
     std::optional<std::uint32_t> features;
     /** @brief File to write the JSON report to; empty: no JSON. */
     std::string jsonPath;
@@ -24,9 +24,9 @@ struct Options {
 };
 
 /** @brief The largest accepted --frames value. */
-inline constexpr std::uint32_t kMaxFrames = 100000;
+inline constexpr std::uint32_t MAX_FRAMES = 100000;
 /** @brief The largest accepted --features value. */
-inline constexpr std::uint32_t kMaxFeatures = 1000000;
+inline constexpr std::uint32_t MAX_FEATURES = 1000000;
 
 /** @brief The result of parsing: the options, or the text that says what was wrong. */
 struct ParseResult {

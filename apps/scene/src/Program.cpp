@@ -28,7 +28,7 @@ namespace keo::scene {
 
 namespace {
 
-constexpr const char* kHelpHint = "Run 'keo-scene --help' for usage.";
+constexpr const char* HELP_HINT = "Run 'keo-scene --help' for usage.";
 
 // The pieces of one run: the scene, the renderer side and the collection watch (attached before
 // any feature is added, so that they hear of every one), and the frame log.
@@ -70,7 +70,7 @@ struct Run {
 
 int verificationFailed(std::ostream& err, const std::string& message) {
     err << "keo-scene: " << message << "\n";
-    return kExitFailed;
+    return EXIT_FAILED;
 }
 
 std::string verifiedLine(std::uint32_t frames) {
@@ -82,7 +82,7 @@ int runSample(const Options& options, Run& run, std::ostream& out, std::ostream&
     populateSample(run.scene, sampleEntries().size());
     if (!options.quiet) {
         out << "keo-scene: the built-in sample, " << options.frames << " frame"
-            << (options.frames == 1 ? "" : "s") << " of " << kFrameSeconds << " s\n";
+            << (options.frames == 1 ? "" : "s") << " of " << FRAME_SECONDS << " s\n";
         out << "scene: layer \"" << run.scene.layer()->getName() << "\", groups";
         const char* separator = " ";
         for (const auto& node : run.scene.root().getFeatures()) {
@@ -113,7 +113,7 @@ int runSample(const Options& options, Run& run, std::ostream& out, std::ostream&
     if (options.verify) {
         out << verifiedLine(options.frames);
     }
-    return kExitOk;
+    return EXIT_OK;
 }
 
 // One measured phase of the scale run.
@@ -208,7 +208,7 @@ int runScale(const Options& options, std::uint32_t featureCount, Run& run, std::
     if (options.verify) {
         out << verifiedLine(frame);
     }
-    return kExitOk;
+    return EXIT_OK;
 }
 
 } // namespace
@@ -217,13 +217,13 @@ int runProgram(const std::vector<std::string>& arguments, std::ostream& out, std
                bool progress) {
     const ParseResult parsed = parseArguments(arguments);
     if (!parsed.options) {
-        err << "keo-scene: " << parsed.error << "\n" << kHelpHint << "\n";
-        return kExitUsage;
+        err << "keo-scene: " << parsed.error << "\n" << HELP_HINT << "\n";
+        return EXIT_USAGE;
     }
     const Options& options = *parsed.options;
     if (options.help) {
         out << usageText();
-        return kExitOk;
+        return EXIT_OK;
     }
     std::ofstream json;
     if (!options.jsonPath.empty()) {
@@ -231,8 +231,8 @@ int runProgram(const std::vector<std::string>& arguments, std::ostream& out, std
         if (!json.is_open()) {
             err << "keo-scene: cannot open --json file '" << options.jsonPath
                 << "' for writing: " << std::strerror(errno) << "\n"
-                << kHelpHint << "\n";
-            return kExitUsage;
+                << HELP_HINT << "\n";
+            return EXIT_USAGE;
         }
     }
 
@@ -240,7 +240,7 @@ int runProgram(const std::vector<std::string>& arguments, std::ostream& out, std
     const int status = options.features
                            ? runScale(options, *options.features, run, out, err, progress)
                            : runSample(options, run, out, err);
-    if (status != kExitOk || !json.is_open()) {
+    if (status != EXIT_OK || !json.is_open()) {
         return status;
     }
     json << frameLogJson(options.features ? "scale" : "sample", run.frames, run.scene,
@@ -248,9 +248,9 @@ int runProgram(const std::vector<std::string>& arguments, std::ostream& out, std
     json.close();
     if (json.fail()) {
         err << "keo-scene: could not write the JSON report to '" << options.jsonPath << "'\n";
-        return kExitFailed;
+        return EXIT_FAILED;
     }
-    return kExitOk;
+    return EXIT_OK;
 }
 
 } // namespace keo::scene

@@ -7,11 +7,11 @@
 namespace keo::scene {
 
 /** @brief Exit status of a successful run. */
-inline constexpr int kExitOk = 0;
+inline constexpr int EXIT_OK = 0;
 /** @brief Exit status when --verify finds a difference or the JSON report cannot be written. */
-inline constexpr int kExitFailed = 1;
+inline constexpr int EXIT_FAILED = 1;
 /** @brief Exit status for a wrong command line (including a --json file that cannot be opened). */
-inline constexpr int kExitUsage = 2;
+inline constexpr int EXIT_USAGE = 2;
 
 /**
  * @brief Runs the program with @p arguments (those after the program name): the built-in sample

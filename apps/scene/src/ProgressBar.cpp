@@ -6,7 +6,7 @@
 namespace keo::scene {
 
 namespace {
-constexpr int kWidth = 30;
+constexpr int WIDTH = 30;
 } // namespace
 
 ProgressBar::ProgressBar(std::ostream& stream, bool enabled, std::size_t total)
@@ -20,7 +20,7 @@ ProgressBar::~ProgressBar() {
 
 void ProgressBar::finish() {
     if (enabled_ && shownPercent_ >= 0) {
-        stream_ << "\r" << std::string(kWidth + 40, ' ') << "\r" << std::flush;
+        stream_ << "\r" << std::string(WIDTH + 40, ' ') << "\r" << std::flush;
     }
     enabled_ = false;
 }
@@ -36,9 +36,9 @@ void ProgressBar::advance(std::size_t units, const std::string& phase) {
         return;
     }
     shownPercent_ = percent;
-    const int filled = percent * kWidth / 100;
+    const int filled = percent * WIDTH / 100;
     std::string bar = "[" + std::string(static_cast<std::size_t>(filled), '#') +
-                      std::string(static_cast<std::size_t>(kWidth - filled), '-') + "] ";
+                      std::string(static_cast<std::size_t>(WIDTH - filled), '-') + "] ";
     const std::string number = std::to_string(percent);
     bar += std::string(3 - std::min<std::size_t>(number.size(), 3), ' ') + number + "% " + phase;
     stream_ << "\r" << bar << std::string(12, ' ') << std::flush;

@@ -33,13 +33,13 @@ std::string describe(const Entity& entity, const Feature::Feature& owner) {
 // Lists up to three examples, then how many more there are.
 // Sorted, so that the text does not depend on hash order.
 void appendExamples(std::string& text, std::vector<std::string> examples) {
-    constexpr std::size_t kShown = 3;
+    constexpr std::size_t SHOWN = 3;
     std::sort(examples.begin(), examples.end());
-    for (std::size_t i = 0; i < examples.size() && i < kShown; ++i) {
+    for (std::size_t i = 0; i < examples.size() && i < SHOWN; ++i) {
         text += (i == 0 ? ": " : ", ") + examples[i];
     }
-    if (examples.size() > kShown) {
-        text += " and " + std::to_string(examples.size() - kShown) + " more";
+    if (examples.size() > SHOWN) {
+        text += " and " + std::to_string(examples.size() - SHOWN) + " more";
     }
 }
 
@@ -156,7 +156,7 @@ void RendererSide::scheduleModelLoads(std::uint32_t frame) {
     for (auto& [entity, load] : models_) {
         const ModelGraphics* model = modelOf(*entity);
         if (load.due == 0 && model != nullptr && model->getUri() && !model->isReady()) {
-            load.due = frame + kModelLoadFrames;
+            load.due = frame + MODEL_LOAD_FRAMES;
         }
     }
 }

@@ -67,7 +67,7 @@ struct FrameCounts {
 class RendererSide final {
 public:
     /** @brief Frames between a model entity showing up and its model being ready. */
-    static constexpr std::uint32_t kModelLoadFrames = 2;
+    static constexpr std::uint32_t MODEL_LOAD_FRAMES = 2;
 
     /**
      * @brief Watches the tree under @p root (which must outlive this object): the features

@@ -162,16 +162,16 @@ SceneFeature makeSphereParticles(std::uint64_t id, const std::string& name) {
 // gives the same positions. East and north offsets become longitude and latitude steps on a
 // sphere of the equatorial radius (ample for a 200 m circle).
 std::optional<Vector3<double>> dronePosition(const TimePoint& time) {
-    constexpr double kRadius = 200.0;
-    constexpr double kEarthRadius = 6378137.0;
-    constexpr double kTurnsPerSecond = 1.0 / 60.0;
+    constexpr double RADIUS = 200.0;
+    constexpr double EARTH_RADIUS = 6378137.0;
+    constexpr double TURNS_PER_SECOND = 1.0 / 60.0;
     const Cartographic centre = spot(-0.01, 0.0, 120.0);
-    const double angle = Math::TWO_PI * kTurnsPerSecond * time.seconds();
-    const double east = kRadius * std::cos(angle);
-    const double north = kRadius * std::sin(angle);
+    const double angle = Math::TWO_PI * TURNS_PER_SECOND * time.seconds();
+    const double east = RADIUS * std::cos(angle);
+    const double north = RADIUS * std::sin(angle);
     const Cartographic place(Radian(centre.longitude.value() +
-                                    east / (kEarthRadius * std::cos(centre.latitude.value()))),
-                             Radian(centre.latitude.value() + north / kEarthRadius), centre.height);
+                                    east / (EARTH_RADIUS * std::cos(centre.latitude.value()))),
+                             Radian(centre.latitude.value() + north / EARTH_RADIUS), centre.height);
     return Ellipsoid::WGS84.cartographicToCartesian(place);
 }
 
@@ -245,7 +245,7 @@ void populateSample(Scene& scene, std::size_t count, std::size_t first) {
     scene.collection().suspendEvents();
     for (std::size_t i = first; i < first + count; ++i) {
         const SampleEntry& entry = entries[i % entries.size()];
-        scene.add(entry.group, entry.make(kFirstFeatureId + i, entry.name));
+        scene.add(entry.group, entry.make(FIRST_FEATURE_ID + i, entry.name));
     }
     scene.collection().resumeEvents();
 }

@@ -30,11 +30,11 @@ struct SampleEntry {
 const std::vector<SampleEntry>& sampleEntries();
 
 /** @brief The id of the first sample feature; the others follow one by one. */
-inline constexpr std::uint64_t kFirstFeatureId = 1001;
+inline constexpr std::uint64_t FIRST_FEATURE_ID = 1001;
 
 /**
  * @brief Adds @p count features to @p scene: feature i (from @p first) is made by entry i modulo
- * the number of entries, with the id kFirstFeatureId + i. The collection's notifications are
+ * the number of entries, with the id FIRST_FEATURE_ID + i. The collection's notifications are
  * suspended meanwhile, so the call gives one notification.
  */
 void populateSample(Scene& scene, std::size_t count, std::size_t first = 0);

@@ -11,7 +11,7 @@ namespace keo::scene {
 
 namespace {
 
-constexpr std::uint64_t kRootGroupId = 1;
+constexpr std::uint64_t ROOT_GROUP_ID = 1;
 
 void collectLeaves(const Feature::FeatureGroup& group,
                    std::vector<std::shared_ptr<Feature::Feature>>& leaves) {
@@ -34,7 +34,7 @@ std::vector<std::shared_ptr<Feature::Feature>> leafFeatures(const Feature::Featu
 
 Scene::Scene(std::string layerName)
     : layer_(std::make_shared<Layer>(std::move(layerName)))
-    , root_(std::make_shared<Feature::FeatureGroup>(kRootGroupId)) {
+    , root_(std::make_shared<Feature::FeatureGroup>(ROOT_GROUP_ID)) {
     root_->setName(layer_->getName());
     root_->_setLayer(layer_);
 }
@@ -47,7 +47,7 @@ Feature::FeatureGroup& Scene::group(const std::string& name) {
             return *group;
         }
     }
-    auto group = std::make_shared<Feature::FeatureGroup>(kRootGroupId + 1 + groups_.size());
+    auto group = std::make_shared<Feature::FeatureGroup>(ROOT_GROUP_ID + 1 + groups_.size());
     group->setName(name);
     root_->add(group);
     groups_.push_back(group);

@@ -15,6 +15,6 @@ int main(int argc, char** argv) {
         return keo::scene::runProgram(arguments, std::cout, std::cerr, isatty(STDERR_FILENO) != 0);
     } catch (const std::exception& e) {
         std::cerr << "keo-scene: " << e.what() << "\n";
-        return keo::scene::kExitFailed;
+        return keo::scene::EXIT_FAILED;
     }
 }

@@ -66,7 +66,7 @@ TEST(JsonReportTest, TheReportHoldsEveryFrameAndTheEntityTreeOfTheTower) {
     TemporaryFile file("keo-scene-report-test.json");
     std::string out;
     std::string err;
-    ASSERT_EQ(run({"--json", file.path, "--quiet"}, out, err), keo::scene::kExitOk) << err;
+    ASSERT_EQ(run({"--json", file.path, "--quiet"}, out, err), keo::scene::EXIT_OK) << err;
     EXPECT_EQ(err, "");
 
     const JsonValue report = JsonParser::parse(file.read());

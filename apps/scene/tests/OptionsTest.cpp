@@ -50,8 +50,8 @@ TEST(OptionsTest, HelpIsRecognisedInBothForms) {
 }
 
 TEST(OptionsTest, TheLargestCountsAreAcceptedAndOneMoreIsNot) {
-    EXPECT_EQ(parse({"--frames", "100000"}).options->frames, keo::scene::kMaxFrames);
-    EXPECT_EQ(parse({"--features", "1000000"}).options->features, keo::scene::kMaxFeatures);
+    EXPECT_EQ(parse({"--frames", "100000"}).options->frames, keo::scene::MAX_FRAMES);
+    EXPECT_EQ(parse({"--features", "1000000"}).options->features, keo::scene::MAX_FEATURES);
     EXPECT_EQ(errorOf({"--frames", "100001"}),
               "option '--frames' needs a whole number from 1 to 100000, got '100001'");
 }

@@ -181,7 +181,7 @@ TEST(RendererSideTest, ModelsLoadTwoFramesAfterTheyShowUp) {
     RendererSide renderer(scene.root());
     keo::scene::populateSample(scene, 3); // the third sample feature is the tower
     const auto model = [&scene] {
-        const auto entity = scene.feature(keo::scene::kFirstFeatureId + 2)
+        const auto entity = scene.feature(keo::scene::FIRST_FEATURE_ID + 2)
                                 ->_getImplHandle()
                                 ->getChildByName("model-symbol");
         return entity->getGeometryGraphics()->as<keo::ModelGraphics>();

@@ -37,7 +37,7 @@ public:
         for (unsigned spins = 0; !tryTake(self); ++spins) {
             // A holder that does not let go within a few hundred cycles has most likely been
             // preempted: give it the core instead of burning ours.
-            if (spins >= kSpinsBeforeYield) {
+            if (spins >= SPINS_BEFORE_YIELD) {
                 std::this_thread::yield();
             }
         }
@@ -61,7 +61,7 @@ public:
     /** @brief Releases one level; the last one frees the lock. Only the holder may call it. */
     void unlock() noexcept {
         if (--depth_ == 0) {
-            owner_.store(kNoThread, std::memory_order_release);
+            owner_.store(NO_THREAD, std::memory_order_release);
         }
     }
 
@@ -72,19 +72,19 @@ public:
     static std::uint32_t currentThreadToken() noexcept;
 
 private:
-    static constexpr unsigned kSpinsBeforeYield = 64;
-    static constexpr std::uint32_t kNoThread = 0;
+    static constexpr unsigned SPINS_BEFORE_YIELD = 64;
+    static constexpr std::uint32_t NO_THREAD = 0;
 
     // Test before the exchange, so that waiting threads read a shared cache line instead of
     // fighting over it with writes.
     bool tryTake(std::uint32_t self) noexcept {
-        std::uint32_t expected = kNoThread;
+        std::uint32_t expected = NO_THREAD;
         return owner_.load(std::memory_order_relaxed) == expected &&
                owner_.compare_exchange_weak(expected, self, std::memory_order_acquire,
                                             std::memory_order_relaxed);
     }
 
-    std::atomic<std::uint32_t> owner_{kNoThread};
+    std::atomic<std::uint32_t> owner_{NO_THREAD};
     // Written only by the holder.
     std::uint32_t depth_ = 0;
 };
