@@ -29,6 +29,7 @@
 #include "Data/HorizontalOrigin.h"
 #include "Data/Image.h"
 #include "Data/ImageMaterialProperty.h"
+#include "Data/ImageSource.h"
 #include "Data/LabelGraphics.h"
 #include "Data/LabelStyle.h"
 #include "Data/Layer.h"

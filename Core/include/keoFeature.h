@@ -1,0 +1,48 @@
+#pragma once
+
+/**
+ * @file
+ * @brief Everything of keoFeature: features, their group trees and collections, geometries,
+ * styles, symbols, materials and particle emitters, and the events that tie them together.
+ */
+
+#include "Feature/AttributeValue.h"
+#include "Feature/BillboardSymbol.h"
+#include "Feature/ChangeEvents.h"
+#include "Feature/ChildEntityNames.h"
+#include "Feature/CircleWaveMaterial.h"
+#include "Feature/ColorMaterial.h"
+#include "Feature/Feature.h"
+#include "Feature/FeatureBase.h"
+#include "Feature/FeatureChangeType.h"
+#include "Feature/FeatureCollection.h"
+#include "Feature/FeatureExport.h"
+#include "Feature/FeatureGroup.h"
+#include "Feature/FeatureStatus.h"
+#include "Feature/FunctionWrapper.h"
+#include "Feature/Geometry.h"
+#include "Feature/Highlight.h"
+#include "Feature/ImageMaterial.h"
+#include "Feature/ImageTileSizeUnit.h"
+#include "Feature/LabelSymbol.h"
+#include "Feature/LengthLabelSymbol.h"
+#include "Feature/LineArrowMaterial.h"
+#include "Feature/LineDashMaterial.h"
+#include "Feature/LineDynamicMaterial.h"
+#include "Feature/LineGlowMaterial.h"
+#include "Feature/LineOutlineMaterial.h"
+#include "Feature/LineSymbol.h"
+#include "Feature/Material.h"
+#include "Feature/ModelSymbol.h"
+#include "Feature/ParticleEmitter.h"
+#include "Feature/ParticleSystemSymbol.h"
+#include "Feature/Path.h"
+#include "Feature/PointGeometry.h"
+#include "Feature/PointStyle.h"
+#include "Feature/PointSymbol.h"
+#include "Feature/PolygonDynamicMaterial.h"
+#include "Feature/Publisher.h"
+#include "Feature/ScopedListener.h"
+#include "Feature/Style.h"
+#include "Feature/Symbol.h"
+#include "Feature/SymbolContext.h"
