@@ -8,7 +8,7 @@
 #include "Feature/ParticleSystemSymbol.h"
 #include "Feature/PointSymbol.h"
 
-#include "HeapCounter.h"
+#include "MakeMany.h"
 
 #include <benchmark/benchmark.h>
 
@@ -19,43 +19,14 @@
 
 namespace {
 
-constexpr std::size_t SYMBOLS = 100000;
-
-// Reports time and heap bytes per object for a benchmark that makes SYMBOLS objects with
-// @p make per iteration.
-template <typename Make>
-void makeMany(benchmark::State& state, Make&& make) {
-    std::vector<decltype(make())> made;
-    made.reserve(SYMBOLS);
-    std::size_t liveBytes = 0;
-    for (auto _ : state) {
-        const std::size_t allocatedBefore = keo::bench::allocatedBytes();
-        const std::size_t freedBefore = keo::bench::freedBytes();
-        for (std::size_t i = 0; i < SYMBOLS; ++i) {
-            made.push_back(make());
-        }
-        liveBytes += (keo::bench::allocatedBytes() - allocatedBefore) -
-                     (keo::bench::freedBytes() - freedBefore);
-        benchmark::DoNotOptimize(made.data());
-        state.PauseTiming();
-        made.clear();
-        state.ResumeTiming();
-    }
-    const auto count = static_cast<double>(state.iterations()) * static_cast<double>(SYMBOLS);
-    state.counters["time_per_symbol"] = benchmark::Counter(
-        static_cast<double>(SYMBOLS),
-        benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
-    state.counters["live_bytes_per_symbol"] = static_cast<double>(liveBytes) / count;
-}
-
 void BM_MakePointSymbol(benchmark::State& state) {
-    makeMany(state, [] { return std::make_shared<keo::Feature::PointSymbol>(); });
+    keo::bench::makeMany(state, [] { return std::make_shared<keo::Feature::PointSymbol>(); });
 }
 BENCHMARK(BM_MakePointSymbol)->Unit(benchmark::kMillisecond);
 
 void BM_CloneParticleSystemSymbol(benchmark::State& state) {
     const keo::Feature::ParticleSystemSymbol source;
-    makeMany(state, [&source] { return source.clone(); });
+    keo::bench::makeMany(state, [&source] { return source.clone(); });
 }
 BENCHMARK(BM_CloneParticleSystemSymbol)->Unit(benchmark::kMillisecond);
 

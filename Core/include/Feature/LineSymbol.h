@@ -33,9 +33,11 @@ public:
     ~LineSymbol() override;
 
     /**
-     * @brief Copies a line symbol's values by the edit rule; the material and the length label
-     * symbol are assigned in place when both hold one, else cloned or cleared. Another kind only
-     * logs.
+     * @brief Copies a line symbol's values in field order: the material, the width and the path
+     * by the edit rule, the length label symbol last. A held object of the source (the material,
+     * the length label symbol) is copied into a new object and installed through its setter, so
+     * the one held before is released with its subscription; an empty slot of the source empties
+     * this one. Another kind only logs.
      */
     void assign(const Symbol& other) override;
     /** @brief A deep copy without listeners. */

@@ -27,11 +27,11 @@ LineSymbol::~LineSymbol() = default;
 void LineSymbol::assign(const Symbol& other) {
     detail::assignKind(
         *this, other, KEO_FEATURE_SITE("LineSymbol::assign"), [this](const LineSymbol& source) {
-            detail::assignOwned(*this, material_, source.material_, materialSubscription_);
+            detail::copyOwned(*this, material_, source.material_, materialSubscription_);
             setWidth(source.width_);
             setPath(source.path_);
-            detail::assignOwned(*this, lengthLabelSymbol_, source.lengthLabelSymbol_,
-                                lengthLabelSubscription_);
+            detail::copyOwned(*this, lengthLabelSymbol_, source.lengthLabelSymbol_,
+                              lengthLabelSubscription_);
         });
 }
 

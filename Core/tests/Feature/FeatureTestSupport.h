@@ -3,6 +3,7 @@
 #include "Common/Log.h"
 #include "Common/MemoryLogSink.h"
 #include "Feature/Feature.h"
+#include "Feature/ScopedListener.h"
 
 #include <cstdint>
 #include <fstream>
@@ -14,17 +15,23 @@ namespace keo::Feature::test {
 
 /**
  * Records the change events of one object (symbol, style, geometry, material, emitter) as
- * letters: L changed-lock true, U changed-lock false, D definition changed.
+ * letters: L changed-lock true, U changed-lock false, D definition changed. Stops listening when
+ * it goes out of scope.
  */
 struct EventRecorder {
     template <typename Owner>
-    explicit EventRecorder(Owner& owner) {
-        owner._addChangedLockEventListener([this](bool locked) { events += locked ? 'L' : 'U'; });
-        owner._addDefinitionChangedEventListener([this](auto&&...) { events += 'D'; });
-    }
+    explicit EventRecorder(Owner& owner)
+        : lock_(owner._addChangedLockEventListener(
+              [this](bool locked) { events += locked ? 'L' : 'U'; }))
+        , definition_(
+              owner._addDefinitionChangedEventListener([this](auto&&...) { events += 'D'; })) {}
     EventRecorder(const EventRecorder&) = delete;
     EventRecorder& operator=(const EventRecorder&) = delete;
     std::string events;
+
+private:
+    ScopedListener lock_;
+    ScopedListener definition_;
 };
 
 /** Ids of nodes, in order. */

@@ -8,10 +8,13 @@
 #include "Feature/LengthLabelSymbol.h"
 #include "Feature/SymbolContext.h"
 #include "FeatureTestSupport.h"
+#include "SymbolTestSupport.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -107,7 +110,7 @@ TEST(LineSymbolTest, ACopyHasItsOwnMaterialAndLengthLabels) {
     EXPECT_EQ(recorder.events, "LUD");
 }
 
-TEST(LineSymbolTest, AssignEditsHeldObjectsInPlaceAndClearsMissingOnes) {
+TEST(LineSymbolTest, AssignInstallsCopiesOfTheHeldObjectsAndClearsMissingOnes) {
     LineSymbol source;
     source.setMaterial(std::make_shared<ColorMaterial>(Color::GREEN));
     source.setWidth(3.0f);
@@ -115,12 +118,40 @@ TEST(LineSymbolTest, AssignEditsHeldObjectsInPlaceAndClearsMissingOnes) {
     const auto held = std::make_shared<ColorMaterial>();
     target.setMaterial(held);
     target.setLengthLabelSymbol(std::make_shared<LengthLabelSymbol>());
+    const EventRecorder recorder(target);
     target.assign(source);
-    EXPECT_EQ(target.getMaterial(), held);
+    // A copy of the source's material replaces the held one, which is no longer heard.
+    ASSERT_NE(target.getMaterial(), nullptr);
+    EXPECT_NE(target.getMaterial(), held);
+    EXPECT_NE(target.getMaterial(), source.getMaterial());
     EXPECT_EQ(std::static_pointer_cast<ColorMaterial>(target.getMaterial())->getColor(),
               Color::GREEN);
     EXPECT_EQ(target.getWidth(), 3.0f);
     EXPECT_EQ(target.getLengthLabelSymbol(), nullptr);
+    EXPECT_EQ(recorder.events, "LUDLUDLUD"); // material, width, length labels
+    held->setColor(Color::RED);
+    EXPECT_EQ(recorder.events, "LUDLUDLUD");
+    target.getMaterial()->setEnableBreathing(true);
+    EXPECT_EQ(recorder.events, "LUDLUDLUDLUD");
+}
+
+TEST(LineSymbolTest, AssignCopiesTheFieldsInTheirOrder) {
+    LineSymbol source;
+    source.setMaterial(std::make_shared<ColorMaterial>());
+    source.setWidth(2.0f);
+    Path path;
+    path.enabled = true;
+    source.setPath(path);
+    source.setLengthLabelSymbol(std::make_shared<LengthLabelSymbol>());
+    LineSymbol target;
+    keo::Feature::test::FieldOrder order(target);
+    order.add("material", [&] { return target.getMaterial() != nullptr; });
+    order.add("width", [&] { return target.getWidth() == 2.0f; });
+    order.add("path", [&] { return target.getPath().enabled; });
+    order.add("length labels", [&] { return target.getLengthLabelSymbol() != nullptr; });
+    target.assign(source);
+    EXPECT_EQ(order.order(),
+              (std::vector<std::string>{"material", "width", "path", "length labels"}));
 }
 
 TEST(LineSymbolTest, AssignFromAnotherKindLogsAndChangesNothing) {

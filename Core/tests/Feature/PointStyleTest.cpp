@@ -10,6 +10,7 @@
 #include "Feature/ParticleSystemSymbol.h"
 #include "Feature/PointSymbol.h"
 #include "FeatureTestSupport.h"
+#include "StyleSlotTestSupport.h"
 #include "SymbolTestSupport.h"
 #include "TestKinds.h"
 
@@ -41,26 +42,12 @@ using keo::Feature::test::expectAssignKindLogged;
 using keo::Feature::test::FieldOrder;
 using keo::Feature::test::TestStyle;
 
-// One slot of a point style, seen through its public setter and getter, so that a check can run
-// over all four slots alike.
-struct Slot {
-    std::string name;
-    std::function<std::shared_ptr<Symbol>()> make;
-    std::function<void(PointStyle&, const std::shared_ptr<Symbol>&)> set;
-    std::function<std::shared_ptr<Symbol>(PointStyle&)> get;
-    // An edit of the symbol that changes a value: one lock, unlock and definition change.
-    std::function<void(Symbol&)> edit;
-};
+using Slot = keo::Feature::test::StyleSlot<PointStyle>;
 
 template <typename Kind, typename Setter, typename Getter, typename Edit>
 Slot makeSlot(std::string name, Setter setter, Getter getter, Edit edit) {
-    return Slot{
-        std::move(name), [] { return std::make_shared<Kind>(); },
-        [setter](PointStyle& style, const std::shared_ptr<Symbol>& symbol) {
-            (style.*setter)(std::static_pointer_cast<Kind>(symbol));
-        },
-        [getter](PointStyle& style) -> std::shared_ptr<Symbol> { return (style.*getter)(); },
-        [edit](Symbol& symbol) { edit(static_cast<Kind&>(symbol)); }};
+    return keo::Feature::test::makeStyleSlot<Kind, PointStyle>(std::move(name), setter, getter,
+                                                               edit);
 }
 
 std::vector<Slot> allSlots() {
@@ -132,31 +119,11 @@ TEST(PointStyleTest, AConstStyleGivesTheDotAsASharedPointerAndTheOthersAsConstPo
 }
 
 TEST(PointStyleTest, SettingTheSamePointerTwiceRaisesEventsOnlyTheFirstTime) {
-    for (const auto& slot : allSlots()) {
-        SCOPED_TRACE(slot.name);
-        PointStyle style;
-        const EventRecorder recorder(style);
-        const auto symbol = slot.make();
-        slot.set(style, symbol);
-        slot.set(style, symbol);
-        EXPECT_EQ(recorder.events, "LUD");
-        EXPECT_EQ(slot.get(style), symbol);
-    }
+    keo::Feature::test::expectTheSamePointerTwiceRaisesOnce(allSlots());
 }
 
 TEST(PointStyleTest, EveryHeldSymbolsEditReachesTheStyleBracketedByLockAndUnlock) {
-    for (const auto& slot : allSlots()) {
-        SCOPED_TRACE(slot.name);
-        PointStyle style;
-        const auto symbol = slot.make();
-        slot.set(style, symbol);
-        const EventRecorder recorder(style);
-        const Style* raisedWith = nullptr;
-        style._addDefinitionChangedEventListener([&raisedWith](const Style* s) { raisedWith = s; });
-        slot.edit(*symbol);
-        EXPECT_EQ(recorder.events, "LUD");
-        EXPECT_EQ(raisedWith, &style);
-    }
+    keo::Feature::test::expectHeldSymbolsEditsReachTheStyle(allSlots());
 }
 
 TEST(PointStyleTest, AfterReplacingTheBillboardOnlyTheNewOnesEditsReachTheStyle) {
@@ -173,36 +140,11 @@ TEST(PointStyleTest, AfterReplacingTheBillboardOnlyTheNewOnesEditsReachTheStyle)
 }
 
 TEST(PointStyleTest, ReplacingASymbolStopsTheOldOnesEditsInEverySlot) {
-    for (const auto& slot : allSlots()) {
-        SCOPED_TRACE(slot.name);
-        PointStyle style;
-        const auto first = slot.make();
-        const auto second = slot.make();
-        slot.set(style, first);
-        slot.set(style, second);
-        const EventRecorder recorder(style);
-        slot.edit(*first);
-        EXPECT_EQ(recorder.events, "");
-        slot.edit(*second);
-        EXPECT_EQ(recorder.events, "LUD");
-    }
+    keo::Feature::test::expectAReplacedSymbolIsNoLongerHeard(allSlots());
 }
 
 TEST(PointStyleTest, SettingNullRaisesOneChangeAndLeavesTheSlotEmpty) {
-    for (const auto& slot : allSlots()) {
-        SCOPED_TRACE(slot.name);
-        PointStyle style;
-        const auto symbol = slot.make();
-        slot.set(style, symbol);
-        const EventRecorder recorder(style);
-        slot.set(style, nullptr);
-        EXPECT_EQ(recorder.events, "LUD");
-        EXPECT_EQ(slot.get(style), nullptr);
-        slot.set(style, nullptr);
-        EXPECT_EQ(recorder.events, "LUD") << "an empty slot set to null changes nothing";
-        slot.edit(*symbol);
-        EXPECT_EQ(recorder.events, "LUD") << "the dropped symbol is no longer relayed";
-    }
+    keo::Feature::test::expectSettingNullEmptiesTheSlot(allSlots());
 }
 
 TEST(PointStyleTest, TheNewSymbolIsRelayedOnlyAfterTheStylesOwnChangeForTheSwap) {

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "Feature/FeatureExport.h"
+#include "Feature/Symbol.h"
+#include "Feature/detail/SubscriptionPair.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace keo::Feature {
+
+/**
+ * @brief An extrusion: a polygon or a polyline raised into a body by a height. The body symbol
+ * draws the wall around it, the tail symbol its top (a roof); both are PolygonSymbols to be drawn
+ * (a symbol of another kind draws nothing). The height is measured as the height reference says.
+ *
+ * Edits of the body and tail symbols are relayed as edits of the extrusion.
+ */
+class KEO_FEATURE_API ExtrusionSymbol final : public Symbol {
+public:
+    /** @brief How the extrusion height is measured. */
+    enum class HeightReference : std::uint8_t {
+        /** @brief Up from each vertex's own height (a negative height extrudes down). */
+        Relative = 0,
+        /** @brief To the height above the ellipsoid, whatever the vertices' heights. */
+        Absolute = 1,
+    };
+
+    /** @brief No field name, height 0, relative, no body or tail symbol. */
+    ExtrusionSymbol();
+    /**
+     * @brief Copies the values; the body and tail symbols are cloned and relayed anew; fresh,
+     * empty events.
+     */
+    ExtrusionSymbol(const ExtrusionSymbol& other);
+    ~ExtrusionSymbol() override;
+
+    /**
+     * @brief Copies an extrusion symbol's values: field name, height and height reference by the
+     * edit rule, then the body and tail symbols (assigned in place when both hold one of the same
+     * symbol kind, else a clone or null through their setters). Another kind only logs.
+     */
+    void assign(const Symbol& other) override;
+    /** @brief A deep copy without listeners. */
+    std::shared_ptr<Symbol> clone() const override;
+    /** @brief Type::Extrusion. */
+    Type getType() const override;
+
+    /**
+     * @brief The name of a feature attribute that gives the height in place of getHeight, where
+     * the feature has a number of that name; empty: the height is always getHeight.
+     */
+    const std::string& getFieldName() const noexcept { return fieldName_; }
+    /** @brief Sets the attribute name (edit rule). */
+    void setFieldName(const std::string& name);
+    /** @brief The extrusion height, metres (default 0). */
+    double getHeight() const noexcept { return height_; }
+    /** @brief Sets the extrusion height, metres (edit rule; a NaN always counts as a change). */
+    void setHeight(double height);
+    /** @brief How the height is measured (default Relative). */
+    HeightReference getHeightReference() const noexcept { return heightReference_; }
+    /**
+     * @brief Sets how the height is measured (edit rule; any 8-bit value is stored, and one
+     * other than Relative is drawn as Absolute by the wall and left unraised by the roof).
+     */
+    void setHeightReference(HeightReference heightReference);
+    /** @brief The symbol of the wall, or null. */
+    const std::shared_ptr<Symbol>& getBodySymbol() noexcept { return body_; }
+    /** @brief The symbol of the wall, or null. */
+    const Symbol* getBodySymbol() const noexcept { return body_.get(); }
+    /** @brief Sets the symbol of the wall (relayed; the same pointer changes nothing). */
+    void setBodySymbol(std::shared_ptr<Symbol> symbol);
+    /** @brief The symbol of the top, or null. */
+    const std::shared_ptr<Symbol>& getTailSymbol() noexcept { return tail_; }
+    /** @brief The symbol of the top, or null. */
+    const Symbol* getTailSymbol() const noexcept { return tail_.get(); }
+    /** @brief Sets the symbol of the top (relayed; the same pointer changes nothing). */
+    void setTailSymbol(std::shared_ptr<Symbol> symbol);
+
+private:
+    std::string fieldName_;
+    double height_ = 0.0;
+    HeightReference heightReference_ = HeightReference::Relative;
+    std::shared_ptr<Symbol> body_;
+    std::shared_ptr<Symbol> tail_;
+    detail::SubscriptionPair bodySubscription_;
+    detail::SubscriptionPair tailSubscription_;
+};
+
+} // namespace keo::Feature

@@ -1,0 +1,75 @@
+#include "Feature/PolygonSymbol.h"
+
+#include "AssignSupport.h"
+#include "EditRule.h"
+#include "Feature/LengthLabelSymbol.h"
+#include "Feature/LineSymbol.h"
+#include "Feature/Material.h"
+#include "Subscription.h"
+
+#include <utility>
+
+namespace keo::Feature {
+
+PolygonSymbol::PolygonSymbol() = default;
+
+PolygonSymbol::PolygonSymbol(std::shared_ptr<Material> material)
+    : PolygonSymbol() {
+    setMaterial(std::move(material));
+}
+
+PolygonSymbol::PolygonSymbol(const PolygonSymbol& other)
+    : Symbol(other)
+    , fill_(other.fill_) {
+    detail::copyOwned(*this, material_, other.material_, materialSubscription_);
+    detail::copyOwned(*this, outline_, other.outline_, outlineSubscription_);
+    if (other.lengthLabel_) {
+        setLengthLabelSymbol(detail::cloneAs(*other.lengthLabel_));
+    }
+}
+
+PolygonSymbol::~PolygonSymbol() = default;
+
+void PolygonSymbol::assign(const Symbol& other) {
+    detail::assignKind(
+        *this, other, KEO_FEATURE_SITE("PolygonSymbol::assign"),
+        [this](const PolygonSymbol& source) {
+            detail::assignOwned(*this, material_, source.material_, materialSubscription_,
+                                detail::SameType{});
+            detail::assignOwned(*this, outline_, source.outline_, outlineSubscription_);
+            detail::assignOwnedInPlace(lengthLabel_, source.lengthLabel_,
+                                       [this](std::shared_ptr<LengthLabelSymbol> symbol) {
+                                           setLengthLabelSymbol(std::move(symbol));
+                                       });
+            setFill(source.fill_);
+        });
+}
+
+std::shared_ptr<Symbol> PolygonSymbol::clone() const {
+    return std::make_shared<PolygonSymbol>(*this);
+}
+
+Symbol::Type PolygonSymbol::getType() const {
+    return Type::Polygon;
+}
+
+void PolygonSymbol::setMaterial(std::shared_ptr<Material> material) {
+    detail::replaceOwned(*this, material_, std::move(material), materialSubscription_);
+}
+
+void PolygonSymbol::setFill(bool fill) {
+    detail::applyEdit(*this, fill_, fill);
+}
+
+void PolygonSymbol::setOutLineSymbol(std::shared_ptr<LineSymbol> symbol) {
+    detail::replaceOwned(*this, outline_, std::move(symbol), outlineSubscription_);
+}
+
+void PolygonSymbol::setLengthLabelSymbol(std::shared_ptr<LengthLabelSymbol> symbol) {
+    // A polygon labels its edges only: the total is switched off on the symbol itself, before
+    // this symbol listens to it.
+    detail::replaceOwned(*this, lengthLabel_, std::move(symbol), lengthLabelSubscription_,
+                         [](LengthLabelSymbol& installed) { installed.setShowTotal(false); });
+}
+
+} // namespace keo::Feature
