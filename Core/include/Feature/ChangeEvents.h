@@ -2,6 +2,7 @@
 
 #include "Feature/FunctionWrapper.h"
 #include "Feature/Publisher.h"
+#include "Feature/detail/SubscriptionPair.h"
 
 #include <functional>
 #include <memory>
@@ -19,8 +20,14 @@ class ChangeEvents;
  * arguments @p Args, and changed-lock, raised with true before and false after the value is
  * stored, so that the feature owning the object holds its lock for the length of the edit.
  *
- * A copy of the owner gets fresh, empty events and never copies listeners. The events allocate
- * nothing until their first listener: most objects are only ever heard by the one that holds them.
+ * The objects that hold this one (a style its symbols, a symbol its material, a feature its
+ * geometry and style) do not listen through the events: they are linked into its relay chain,
+ * which is called first on every raising and costs no memory of its own (see
+ * detail::RelayChain). Listeners added through the `_add...EventListener` operations come after.
+ *
+ * A copy of the owner gets fresh, empty events and relays and never copies listeners. The events
+ * allocate nothing until their first listener: most objects are only ever heard by the one that
+ * holds them, through its relay.
  */
 template <typename... Args>
 class ChangeEvents<std::function<void(Args...)>> {
@@ -49,8 +56,14 @@ public:
     std::weak_ptr<FunctionWrapper> _addChangedLockEventListener(Function&& callback) {
         return changedLock_.addEventListener(std::forward<Function>(callback));
     }
-    /** @brief Raises the changed-lock event with @p locked. */
-    void _raiseChangedLockEvent(bool locked) { changedLock_.raiseEvent(locked); }
+    /** @brief Raises the changed-lock event with @p locked: the relays first, then the listeners.
+     */
+    void _raiseChangedLockEvent(bool locked) {
+        relays_.raiseChangedLock(locked);
+        changedLock_.raiseEvent(locked);
+    }
+    /** @brief The relays of the objects that hold this one (see detail::SubscriptionPair). */
+    detail::RelayChain& _getRelayChain() noexcept { return relays_; }
 
 protected:
     /** @brief Two events without listeners. */
@@ -60,10 +73,15 @@ protected:
         : ChangeEvents() {}
     ~ChangeEvents() = default;
 
-    /** @brief Raises the definition-changed event with @p args. */
-    void raiseDefinitionChanged(Args... args) { definitionChanged_.raiseEvent(args...); }
+    /** @brief Raises the definition-changed event with @p args: the relays first, then the
+     * listeners. */
+    void raiseDefinitionChanged(Args... args) {
+        relays_.raiseDefinitionChanged();
+        definitionChanged_.raiseEvent(args...);
+    }
 
 private:
+    detail::RelayChain relays_;
     Publisher<std::function<void(Args...)>> definitionChanged_;
     Publisher<std::function<void(bool)>> changedLock_;
 };

@@ -31,6 +31,22 @@ bool kindsMatch(Geometry::Type geometry, Style::Type style) noexcept {
     }
 }
 
+// What the feature does when its geometry or its style reports a change or an edit's lock.
+void onChangedLock(void* feature, bool locked) {
+    static_cast<Feature*>(feature)->_onChangedLock(locked);
+}
+
+constexpr detail::RelayThunks GEOMETRY_RELAY{
+    [](void* feature) { static_cast<Feature*>(feature)->_onGeometryDefinitionChanged(); },
+    onChangedLock};
+
+void onStyleDefinitionChanged(void* feature) {
+    auto* const self = static_cast<Feature*>(feature);
+    self->_onStyleDefinitionChanged(self->getStyle());
+}
+
+constexpr detail::RelayThunks STYLE_RELAY{onStyleDefinitionChanged, onChangedLock};
+
 void checkKinds(const Geometry* geometry, const Style* style, const detail::SourceSite& site) {
     if (geometry != nullptr && style != nullptr &&
         !kindsMatch(geometry->getType(), style->getType())) {
@@ -167,9 +183,7 @@ void Feature::setGeometry(std::shared_ptr<Geometry> geometry) {
     }
     _onGeometryDefinitionChanged();
     if (geometry_) {
-        geometrySubscription_.connect(
-            *geometry_, [this] { _onGeometryDefinitionChanged(); },
-            [this](bool locked) { _onChangedLock(locked); });
+        geometrySubscription_.connect(*geometry_, this, GEOMETRY_RELAY);
     }
 }
 
@@ -185,9 +199,7 @@ void Feature::setStyle(std::shared_ptr<Style> style) {
     }
     _onStyleDefinitionChanged(style_.get());
     if (style_) {
-        styleSubscription_.connect(
-            *style_, [this](const Style* changed) { _onStyleDefinitionChanged(changed); },
-            [this](bool locked) { _onChangedLock(locked); });
+        styleSubscription_.connect(*style_, this, STYLE_RELAY);
     }
 }
 
