@@ -45,6 +45,7 @@
 #include "Feature/PolygonDynamicMaterial.h"
 #include "Feature/PolygonStyle.h"
 #include "Feature/PolygonSymbol.h"
+#include "Feature/PolylineGeometry.h"
 #include "Feature/PolylineStyle.h"
 #include "Feature/Publisher.h"
 #include "Feature/ScopedListener.h"

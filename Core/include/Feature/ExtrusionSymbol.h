@@ -10,6 +10,8 @@
 
 namespace keo::Feature {
 
+class Feature;
+
 /**
  * @brief An extrusion: a polygon or a polyline raised into a body by a height. The body symbol
  * draws the wall around it, the tail symbol its top (a roof); both are PolygonSymbols to be drawn
@@ -77,6 +79,12 @@ public:
     const Symbol* getTailSymbol() const noexcept { return tail_.get(); }
     /** @brief Sets the symbol of the top (relayed; the same pointer changes nothing). */
     void setTailSymbol(std::shared_ptr<Symbol> symbol);
+
+    /**
+     * @brief The extrusion height for @p feature, metres: the feature's attribute named by the
+     * field name when it holds a number (integer or floating), else getHeight.
+     */
+    double _getHeight(const Feature& feature) const;
 
 private:
     std::string fieldName_;

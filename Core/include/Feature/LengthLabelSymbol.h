@@ -8,7 +8,13 @@
 #include <memory>
 #include <string>
 
+namespace keo {
+class LabelGraphics;
+} // namespace keo
+
 namespace keo::Feature {
+
+struct SymbolContext;
 
 /**
  * @brief The measurement labels of a line or a polygon outline: a label per segment and one for
@@ -74,6 +80,15 @@ public:
      * are written "nan", "inf" or "-inf" before the unit.
      */
     std::string formatLength(double meters) const;
+
+    /**
+     * @brief Writes one length label into @p graphics: the text @p text, the symbol's size as
+     * the font size, white text (keo::Color::HIGHLIGHTCOLOR while the feature is highlighted)
+     * with a black outline on the label's background box with the symbol's padding, the
+     * context's height reference and distance display condition. Where the label stands and how
+     * it is anchored belong to the geometry that measures.
+     */
+    void _fill(LabelGraphics& graphics, const SymbolContext& context, std::string text) const;
 
 private:
     bool showSegments_ = true;

@@ -6,11 +6,16 @@
 
 #include <memory>
 
+namespace keo {
+class WallGraphics;
+} // namespace keo
+
 namespace keo::Feature {
 
 class LengthLabelSymbol;
 class LineSymbol;
 class Material;
+struct SymbolContext;
 
 /**
  * @brief The look of a surface: a polygon's area, an extrusion's wall or roof. It holds the fill
@@ -71,6 +76,17 @@ public:
      * that), so a polygon never shows a total.
      */
     void setLengthLabelSymbol(std::shared_ptr<LengthLabelSymbol> symbol);
+
+    /**
+     * @brief Writes the symbol as the body of an extrusion into @p graphics: the fill switch; the
+     * outline on, with the outline symbol's width and colour, when the outline symbol is present
+     * and shown, else off (the colour is that of the outline's material when it is a
+     * ColorMaterial or a LineDashMaterial, else (0.5, 1, 0.5, 1)); the context's distance display
+     * condition; and, when the symbol has a material, the material (brought up to date and
+     * shared, keo::Color::HIGHLIGHTCOLOR while the feature is highlighted). Without a material the
+     * graphics keep theirs.
+     */
+    void _fillWall(WallGraphics& graphics, const SymbolContext& context) const;
 
 private:
     std::shared_ptr<Material> material_;

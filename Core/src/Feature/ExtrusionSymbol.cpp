@@ -1,7 +1,9 @@
 #include "Feature/ExtrusionSymbol.h"
 
 #include "AssignSupport.h"
+#include "AttributeNumber.h"
 #include "EditRule.h"
+#include "Feature/Feature.h"
 #include "Subscription.h"
 
 #include <utility>
@@ -59,6 +61,18 @@ void ExtrusionSymbol::setBodySymbol(std::shared_ptr<Symbol> symbol) {
 
 void ExtrusionSymbol::setTailSymbol(std::shared_ptr<Symbol> symbol) {
     detail::replaceOwned(*this, tail_, std::move(symbol), tailSubscription_);
+}
+
+double ExtrusionSymbol::_getHeight(const Feature& feature) const {
+    if (fieldName_.empty()) {
+        return height_;
+    }
+    const auto& attributes = feature.getAttributes();
+    const auto found = attributes.find(fieldName_);
+    if (found == attributes.end()) {
+        return height_;
+    }
+    return detail::attributeNumber(found->second.value).value_or(height_);
 }
 
 } // namespace keo::Feature

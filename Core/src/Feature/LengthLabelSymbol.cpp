@@ -1,9 +1,14 @@
 #include "Feature/LengthLabelSymbol.h"
 
 #include "AssignSupport.h"
+#include "Data/LabelGraphics.h"
 #include "DecimalText.h"
 #include "EditRule.h"
+#include "Feature/Highlight.h"
+#include "Feature/SymbolContext.h"
 #include "FeatureLog.h"
+
+#include <utility>
 
 namespace keo::Feature {
 
@@ -57,6 +62,19 @@ std::string LengthLabelSymbol::formatLength(double meters) const {
     const bool kilometres = unit_ == LengthUnit::Kilometer;
     const double value = kilometres ? meters / 1000.0 : meters;
     return detail::formatFixed(value, decimalPlaces_) + (kilometres ? " 千米" : " 米");
+}
+
+void LengthLabelSymbol::_fill(LabelGraphics& graphics, const SymbolContext& context,
+                              std::string text) const {
+    graphics.setText(std::move(text));
+    graphics.setFontSize(size_);
+    graphics.setStyle(LabelStyle::FillAndOutline);
+    graphics.setFillColor(shownColor(Color::WHITE, context.highlight));
+    graphics.setOutlineColor(Color::BLACK);
+    graphics.setShowBackground(true);
+    graphics.setBackgroundPadding(backgroundPadding_);
+    graphics.setHeightReference(context.heightReference);
+    graphics.setDistanceDisplayCondition(context.distanceDisplayCondition);
 }
 
 } // namespace keo::Feature

@@ -1,15 +1,38 @@
 #include "Feature/PolygonSymbol.h"
 
 #include "AssignSupport.h"
+#include "Data/WallGraphics.h"
 #include "EditRule.h"
+#include "Feature/ColorMaterial.h"
 #include "Feature/LengthLabelSymbol.h"
+#include "Feature/LineDashMaterial.h"
 #include "Feature/LineSymbol.h"
 #include "Feature/Material.h"
+#include "Feature/SymbolContext.h"
 #include "Subscription.h"
 
 #include <utility>
 
 namespace keo::Feature {
+
+namespace {
+
+// The outline colour of a wall whose outline material gives none.
+const Color WALL_OUTLINE_COLOR(0.5f, 1.0f, 0.5f, 1.0f);
+
+// The colour an outline is drawn with: its material's, for a material of one colour.
+Color outlineColor(const LineSymbol& outline) {
+    const Material* const material = outline.getMaterial().get();
+    if (const auto* color = dynamic_cast<const ColorMaterial*>(material)) {
+        return color->getColor();
+    }
+    if (const auto* dash = dynamic_cast<const LineDashMaterial*>(material)) {
+        return dash->getColor();
+    }
+    return WALL_OUTLINE_COLOR;
+}
+
+} // namespace
 
 PolygonSymbol::PolygonSymbol() = default;
 
@@ -70,6 +93,20 @@ void PolygonSymbol::setLengthLabelSymbol(std::shared_ptr<LengthLabelSymbol> symb
     // this symbol listens to it.
     detail::replaceOwned(*this, lengthLabel_, std::move(symbol), lengthLabelSubscription_,
                          [](LengthLabelSymbol& installed) { installed.setShowTotal(false); });
+}
+
+void PolygonSymbol::_fillWall(WallGraphics& graphics, const SymbolContext& context) const {
+    graphics.setFill(fill_);
+    const bool outlined = outline_ && outline_->isEnabled();
+    graphics.setOutline(outlined);
+    if (outlined) {
+        graphics.setOutlineWidth(outline_->getWidth());
+        graphics.setOutlineColor(outlineColor(*outline_));
+    }
+    graphics.setDistanceDisplayCondition(context.distanceDisplayCondition);
+    if (material_) {
+        material_->update(graphics, context.highlight);
+    }
 }
 
 } // namespace keo::Feature
