@@ -3,6 +3,7 @@
 // and heap bytes per feature, counted by HeapCounter.cpp), and recolouring the dot of one feature
 // followed by its next frame update.
 
+#include "BuildMany.h"
 #include "Common/Cartographic.h"
 #include "Common/Color.h"
 #include "Data/Entity.h"
@@ -11,7 +12,6 @@
 #include "Feature/PointGeometry.h"
 #include "Feature/PointStyle.h"
 #include "Feature/PointSymbol.h"
-#include "HeapCounter.h"
 
 #include <benchmark/benchmark.h>
 
@@ -53,55 +53,20 @@ std::shared_ptr<Feature> buildFeature(std::size_t index, std::shared_ptr<PointSt
         Cartographic::fromDegrees(100.0 + column * 0.001, 30.0 + row * 0.001, 10.0)));
     feature->setStyle(std::move(style));
     feature->_updateEntityInCull(false);
-    benchmark::DoNotOptimize(feature->_takeAddedEntities());
+    keo::bench::takeEntities(*feature);
     return feature;
 }
 
-// Builds FEATURES features per iteration with @p styleFor(index) and reports the time, the
-// bytes allocated and the bytes still held afterwards, per feature. One untimed build comes
-// first, and the benchmarks run for at least two seconds: the first builds in a process also pay
-// for the pages the heap takes from the system and for the allocator sorting the freed blocks of
-// the previous build, which vary from run to run; the figure is that of a process in its stride.
-template <typename StyleFor>
-void buildMany(benchmark::State& state, StyleFor&& styleFor) {
-    std::vector<std::shared_ptr<Feature>> features;
-    features.reserve(FEATURES);
-    for (std::size_t i = 0; i < FEATURES; ++i) {
-        features.push_back(buildFeature(i, styleFor(i)));
-    }
-    features.clear();
-    std::size_t allocated = 0;
-    std::size_t live = 0;
-    for (auto _ : state) {
-        const std::size_t allocatedBefore = keo::bench::allocatedBytes();
-        const std::size_t freedBefore = keo::bench::freedBytes();
-        for (std::size_t i = 0; i < FEATURES; ++i) {
-            features.push_back(buildFeature(i, styleFor(i)));
-        }
-        const std::size_t allocatedNow = keo::bench::allocatedBytes() - allocatedBefore;
-        allocated += allocatedNow;
-        live += allocatedNow - (keo::bench::freedBytes() - freedBefore);
-        benchmark::DoNotOptimize(features.data());
-        state.PauseTiming();
-        features.clear();
-        state.ResumeTiming();
-    }
-    const auto count = static_cast<double>(state.iterations()) * static_cast<double>(FEATURES);
-    state.counters["time_per_feature"] = benchmark::Counter(
-        static_cast<double>(FEATURES),
-        benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
-    state.counters["allocated_bytes_per_feature"] = static_cast<double>(allocated) / count;
-    state.counters["live_bytes_per_feature"] = static_cast<double>(live) / count;
-}
-
 void BM_BuildPointFeaturesWithOwnStyles(benchmark::State& state) {
-    buildMany(state, [](std::size_t) { return makeStyle(); });
+    keo::bench::buildMany(state, FEATURES,
+                          [](std::size_t i) { return buildFeature(i, makeStyle()); });
 }
 BENCHMARK(BM_BuildPointFeaturesWithOwnStyles)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 
 void BM_BuildPointFeaturesWithOneSharedStyle(benchmark::State& state) {
     const auto shared = makeStyle();
-    buildMany(state, [&shared](std::size_t) { return shared; });
+    keo::bench::buildMany(state, FEATURES,
+                          [&shared](std::size_t i) { return buildFeature(i, shared); });
 }
 BENCHMARK(BM_BuildPointFeaturesWithOneSharedStyle)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 

@@ -34,12 +34,6 @@ bool drawLengthLabel(Entity& entity, std::string_view name, const Vector3<double
     return created;
 }
 
-void placeChild(Entity& entity, std::string_view name, const Vector3<double>& point) {
-    if (const auto child = entity.getChildByName(name)) {
-        child->setPosition(positionAt(point));
-    }
-}
-
 std::optional<std::size_t> segmentIndex(std::string_view name) noexcept {
     const std::string_view prefix = ChildEntityName::LENGTH_LABEL_SEGMENT_PREFIX;
     if (name.size() <= prefix.size() || name.substr(0, prefix.size()) != prefix) {

@@ -28,14 +28,27 @@ bool drawLengthLabel(Entity& entity, std::string_view name, const Vector3<double
                      std::string text, const LengthLabelSymbol& symbol,
                      const SymbolContext& context);
 
-/** @brief Moves the child @p name of @p entity, if it has one, to @p point. */
-void placeChild(Entity& entity, std::string_view name, const Vector3<double>& point);
-
 /**
  * @brief The index of a segment label's name: "length-label-segment-" followed by decimal digits
  * only; empty for any other name.
  */
 std::optional<std::size_t> segmentIndex(std::string_view name) noexcept;
+
+/**
+ * @brief Moves each segment label child of @p entity to midpointOf(its index), an optional point
+ * (a label whose index gives none stays where it is). Only the children there are visited, so a
+ * long line without labels costs nothing.
+ */
+template <typename MidpointOf>
+void placeSegmentLabels(Entity& entity, MidpointOf&& midpointOf) {
+    for (const auto& child : entity.getChildren()) {
+        if (const std::optional<std::size_t> index = segmentIndex(child->getName())) {
+            if (const std::optional<Vector3<double>> point = midpointOf(*index)) {
+                child->setPosition(positionAt(*point));
+            }
+        }
+    }
+}
 
 /**
  * @brief Removes (and reports to @p feature) the segment label children of @p entity whose index

@@ -68,14 +68,17 @@ bool hasTooFewVertices(const std::vector<Cartographic>& positions, const detail:
 
 // The point halfway along the line, by chord lengths; the origin when the line has no length.
 Vector3<double> halfLengthPoint(const std::vector<Vector3<double>>& points) {
+    std::vector<double> segments;
+    segments.reserve(points.size());
     double total = 0.0;
     for (std::size_t i = 1; i < points.size(); ++i) {
-        total += points[i - 1].distance(points[i]);
+        segments.push_back(points[i - 1].distance(points[i]));
+        total += segments.back();
     }
     const double half = total * 0.5;
     double walked = 0.0;
     for (std::size_t i = 1; i < points.size(); ++i) {
-        const double segment = points[i - 1].distance(points[i]);
+        const double segment = segments[i - 1];
         if (walked + segment > half) {
             const double t = (half - walked) / segment;
             return points[i - 1] * (1.0 - t) + points[i] * t;
@@ -154,12 +157,14 @@ void placeLabel(Entity& entity, const Vector3<double>& anchor) {
 
 // Places the segment labels at the midpoints of their segments, the total at the last vertex.
 void placeLengthLabels(Entity& entity, const std::vector<Vector3<double>>& points) {
-    for (std::size_t i = 0; i + 1 < points.size(); ++i) {
-        detail::placeChild(entity, ChildEntityName::lengthLabelSegment(i),
-                           detail::midpoint(points[i], points[i + 1]));
-    }
-    if (!points.empty()) {
-        detail::placeChild(entity, LENGTH_LABEL_TOTAL, points.back());
+    detail::placeSegmentLabels(entity, [&points](std::size_t i) -> std::optional<Vector3<double>> {
+        if (i + 1 >= points.size()) {
+            return std::nullopt;
+        }
+        return detail::midpoint(points[i], points[i + 1]);
+    });
+    if (const auto total = entity.getChildByName(LENGTH_LABEL_TOTAL)) {
+        total->setPosition(detail::positionAt(points.back()));
     }
 }
 
@@ -378,6 +383,23 @@ void drawStyle(Drawing& drawing, const PolylineStyle* style) {
     drawMainLine(drawing, style->getLineSymbol());
 }
 
+// The points the lines and the wall were given when the positions last changed (by the geometry
+// step of this update, or of an earlier one with the same positions) are taken rather than
+// converted again.
+void reuseBuiltPoints(Drawing& drawing) {
+    if (const auto* wall = childGraphics<WallGraphics>(drawing.entity, EXTRUSION_WALL)) {
+        drawing.points.reuse(wall->getPositions());
+        return;
+    }
+    const PolylineGraphics* const line = polylineGraphicsOf(drawing.entity);
+    const auto* positions = line != nullptr ? line->getPositions().get() : nullptr;
+    if (const auto* constant = dynamic_cast<const ConstantPositionArrayProperty*>(positions)) {
+        drawing.points.reuse(constant->getPoints());
+    } else if (const auto* path = dynamic_cast<const PathPositionArrayProperty*>(positions)) {
+        drawing.points.reuse(path->getPathPoints());
+    }
+}
+
 void drawDefaultLine(Drawing& drawing) {
     auto graphics = std::make_shared<PolylineGraphics>();
     graphics->setPositions(std::make_shared<ConstantPositionArrayProperty>(drawing.points.get()));
@@ -477,26 +499,34 @@ bool PolylineGeometry::_updateGeometry(Entity& entity, const Style* style) {
         entity.setGeometryGraphics(nullptr);
     }
     const PolylineStyle* const lineStyle = style != nullptr ? style->asPolylineStyle() : nullptr;
-    const std::vector<Vector3<double>> points = detail::toCartesian(positions_);
+    // Converted once, and only when something built before takes the points: on a feature's
+    // first update nothing has been built yet.
+    detail::LazyCartesian points(positions_);
     if (auto* main = polylineGraphicsOf(entity)) {
-        setLinePositions(*main, lineStyle ? lineStyle->getLineSymbol().get() : nullptr, points);
+        setLinePositions(*main, lineStyle ? lineStyle->getLineSymbol().get() : nullptr,
+                         points.get());
     }
     if (auto* overlay = childGraphics<PolylineGraphics>(entity, OVERLAY_LINE)) {
         setLinePositions(*overlay, lineStyle ? lineStyle->getOverlayLineSymbol().get() : nullptr,
-                         points);
+                         points.get());
     }
     if (auto* wall = childGraphics<WallGraphics>(entity, EXTRUSION_WALL)) {
-        wall->setPositions(points);
+        wall->setPositions(points.get());
     }
     if (auto* volume = childGraphics<PolylineVolumeGraphics>(entity, LINE_VOLUME)) {
-        volume->setPositions(points);
+        volume->setPositions(points.get());
     }
-    const Vector3<double> anchor = halfLengthPoint(points);
-    if (getDistanceDisplayConditionAnchor()) {
-        setDistanceDisplayConditionAnchor(anchor);
+    const bool anchored = getDistanceDisplayConditionAnchor().has_value();
+    if (anchored || entity.getChildByName(LABEL)) {
+        const Vector3<double> anchor = halfLengthPoint(points.get());
+        if (anchored) {
+            setDistanceDisplayConditionAnchor(anchor);
+        }
+        placeLabel(entity, anchor);
     }
-    placeLabel(entity, anchor);
-    placeLengthLabels(entity, points);
+    if (!entity.getChildren().empty()) {
+        placeLengthLabels(entity, points.get());
+    }
     applyShadowVolumeScale(entity, shadowVolumeHeightScale_);
     return true;
 }
@@ -516,10 +546,7 @@ bool PolylineGeometry::_updateStyle(Entity& entity, const Feature& feature, cons
                      detail::intersectDisplayConditions(feature.getDistanceDisplayCondition(),
                                                         getDistanceDisplayCondition()),
                      heightReference, feature.isHighlight()}};
-    // A wall holds the points of this update already: they are not converted again.
-    if (const auto* wall = childGraphics<WallGraphics>(entity, EXTRUSION_WALL)) {
-        drawing.points.reuse(wall->getPositions());
-    }
+    reuseBuiltPoints(drawing);
     // The label counts as drawn output only when it is there.
     drawing.drawn = static_cast<bool>(entity.getChildByName(LABEL));
     drawing.drawn =

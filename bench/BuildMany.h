@@ -1,0 +1,63 @@
+#pragma once
+
+// Time and heap bytes per feature of a benchmark that builds many features through their first
+// frame update.
+
+#include "Feature/Feature.h"
+#include "HeapCounter.h"
+
+#include <benchmark/benchmark.h>
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+namespace keo::bench {
+
+/** @brief The entities a feature reports, taken as a renderer takes them after a frame. */
+inline void takeEntities(keo::Feature::Feature& feature) {
+    benchmark::DoNotOptimize(feature._takeAddedEntities());
+    benchmark::DoNotOptimize(feature._takeRemovedEntities());
+}
+
+/**
+ * @brief Builds @p count features per iteration with @p build(index) (each through its first
+ * frame update) and reports the time, the bytes allocated and the bytes still held afterwards, per
+ * feature. One untimed build comes first, and the benchmarks should run for at least two seconds:
+ * the first builds in a process also pay for the pages the heap takes from the system and for the
+ * allocator sorting the freed blocks of the previous build, which vary from run to run; the figure
+ * is that of a process in its stride.
+ */
+template <typename Build>
+void buildMany(benchmark::State& state, std::size_t count, Build&& build) {
+    std::vector<std::shared_ptr<keo::Feature::Feature>> features;
+    features.reserve(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        features.push_back(build(i));
+    }
+    features.clear();
+    std::size_t allocated = 0;
+    std::size_t live = 0;
+    for (auto _ : state) {
+        const std::size_t allocatedBefore = allocatedBytes();
+        const std::size_t freedBefore = freedBytes();
+        for (std::size_t i = 0; i < count; ++i) {
+            features.push_back(build(i));
+        }
+        const std::size_t allocatedNow = allocatedBytes() - allocatedBefore;
+        allocated += allocatedNow;
+        live += allocatedNow - (freedBytes() - freedBefore);
+        benchmark::DoNotOptimize(features.data());
+        state.PauseTiming();
+        features.clear();
+        state.ResumeTiming();
+    }
+    const auto total = static_cast<double>(state.iterations()) * static_cast<double>(count);
+    state.counters["time_per_feature"] = benchmark::Counter(
+        static_cast<double>(count),
+        benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+    state.counters["allocated_bytes_per_feature"] = static_cast<double>(allocated) / total;
+    state.counters["live_bytes_per_feature"] = static_cast<double>(live) / total;
+}
+
+} // namespace keo::bench
