@@ -1,6 +1,7 @@
 #include "EditScript.h"
 
 #include "Sample.h"
+#include "SampleKinds.h"
 #include "Scene.h"
 
 #include "Common/Cartographic.h"
@@ -12,6 +13,7 @@
 #include "Feature/PointGeometry.h"
 #include "Feature/PointStyle.h"
 #include "Feature/PointSymbol.h"
+#include "Feature/PolylineGeometry.h"
 
 #include <cctype>
 #include <memory>
@@ -25,6 +27,7 @@ constexpr std::uint64_t MARKER_ID = FIRST_FEATURE_ID;
 constexpr std::uint64_t PIN_ID = FIRST_FEATURE_ID + 1;
 constexpr std::uint64_t SPHERE_ID = FIRST_FEATURE_ID + 6;
 constexpr std::uint64_t DRONE_ID = FIRST_FEATURE_ID + 7;
+constexpr std::uint64_t PATROL_ID = FIRST_FEATURE_ID + 9;
 
 void recolourMarker(Scene& scene) {
     scene.style(MARKER_ID)->asPointStyle()->getPointSymbol()->setColor(Color::YELLOW);
@@ -73,6 +76,20 @@ void dropDroneHintLine(Scene& scene) {
     scene.style(DRONE_ID)->getLabelSymbol()->setShowHintLine(false);
 }
 
+void setPatrolRoute(Scene& scene, std::size_t vertices) {
+    auto& geometry =
+        static_cast<Feature::PolylineGeometry&>(*scene.feature(PATROL_ID)->getGeometry());
+    geometry.setPositions(patrolRoute(vertices));
+}
+
+void extendPatrol(Scene& scene) {
+    setPatrolRoute(scene, 5);
+}
+
+void shortenPatrol(Scene& scene) {
+    setPatrolRoute(scene, 3);
+}
+
 } // namespace
 
 const std::vector<ScriptedEdit>& editScript() {
@@ -86,6 +103,8 @@ const std::vector<ScriptedEdit>& editScript() {
         {8, "remove \"Sphere spray\" and add the marker \"Beacon\" (id 2001)", &replaceSphere},
         {9, "label every feature with its name in capitals, collection suspended", &relabelAll},
         {10, "turn off the hint line of \"Drone\"", &dropDroneHintLine},
+        {11, "append a vertex to \"Patrol\" (4 to 5 vertices)", &extendPatrol},
+        {12, "shorten \"Patrol\" to 3 vertices: its segment labels 2 and 3 go", &shortenPatrol},
     };
     return script;
 }

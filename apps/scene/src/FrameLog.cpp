@@ -20,6 +20,9 @@ std::string formatFrame(const FrameRecord& record) {
     for (const auto& loaded : record.counts.loaded) {
         text += "load    " + loaded + "\n";
     }
+    for (const auto& log : record.logs) {
+        text += log + "\n";
+    }
     const FrameCounts& c = record.counts;
     const CollectionCounts& n = record.collection;
     char line[256];
@@ -97,6 +100,7 @@ std::string frameLogJson(const std::string& mode, const std::vector<FrameRecord>
         json.value(record.time);
         writeStrings(json, "edits", record.edits);
         writeStrings(json, "loaded", record.counts.loaded);
+        writeStrings(json, "log", record.logs);
         writeCounts(json, record);
         json.endObject();
     }

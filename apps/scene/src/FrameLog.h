@@ -24,6 +24,8 @@ struct FrameRecord {
     FrameCounts counts;
     /** @brief What the collection notified since the previous frame. */
     CollectionCounts collection;
+    /** @brief The kit's log records since the previous frame (see LogCapture::takeLines). */
+    std::vector<std::string> logs;
 };
 
 /** @brief Seconds of scene time from one frame to the next. */
@@ -36,7 +38,8 @@ inline double frameTime(std::uint32_t frame) noexcept {
 
 /**
  * @brief The lines the text output prints for @p record: one per edit ("edit ..."), one per
- * model that finished loading ("load ..."), then the frame line, each ending in a newline.
+ * model that finished loading ("load ..."), one per distinct log record ("log ..."), then the
+ * frame line, each ending in a newline.
  */
 std::string formatFrame(const FrameRecord& record);
 

@@ -3,6 +3,7 @@
 #include "CollectionWatch.h"
 #include "EditScript.h"
 #include "FrameLog.h"
+#include "LogCapture.h"
 #include "Options.h"
 #include "ProgressBar.h"
 #include "RendererSide.h"
@@ -34,7 +35,8 @@ constexpr const char* HELP_HINT = "Run 'keo-scene --help' for usage.";
 // any feature is added, so that they hear of every one), and the frame log.
 struct Run {
     explicit Run(const char* layerName)
-        : scene(layerName)
+        : logs()
+        , scene(layerName)
         , renderer(scene.root())
         , watch(scene.collection()) {}
 
@@ -46,6 +48,7 @@ struct Run {
         record.edits = std::move(edits);
         record.counts = renderer.runFrame(frame);
         record.collection = watch.take();
+        record.logs = logs.takeLines();
         frames.push_back(std::move(record));
         return frames.back();
     }
@@ -62,6 +65,8 @@ struct Run {
 
     double lastTime() const { return frames.empty() ? 0.0 : frames.back().time; }
 
+    // First made, last gone: the records of every feature and frame are caught.
+    LogCapture logs;
     Scene scene;
     RendererSide renderer;
     CollectionWatch watch;
@@ -205,6 +210,7 @@ int runScale(const Options& options, std::uint32_t featureCount, Run& run, std::
     for (const Phase* phase : {&build, &clean, &edits}) {
         out << formatPhase(*phase);
     }
+    out << "log: " << run.logs.total() << " records\n";
     if (options.verify) {
         out << verifiedLine(frame);
     }

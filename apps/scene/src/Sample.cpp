@@ -1,5 +1,7 @@
 #include "Sample.h"
 
+#include "SampleKinds.h"
+
 #include "Common/Cartographic.h"
 #include "Common/Color.h"
 #include "Common/Ellipsoid.h"
@@ -48,7 +50,7 @@ using Feature::PointSymbol;
 
 // The sample sits around one place; each kind has its own spot nearby (degrees, metres).
 Cartographic spot(double eastDegrees, double northDegrees, double height) {
-    return Cartographic::fromDegrees(116.39 + eastDegrees, 39.91 + northDegrees, height);
+    return samplePlace(eastDegrees, northDegrees, height);
 }
 
 // A small checkerboard, RGBA, made here so that the sample needs no file.
@@ -236,6 +238,11 @@ const std::vector<SampleEntry>& sampleEntries() {
         {"particles", "Cone fire", &makeConeParticles},
         {"particles", "Sphere spray", &makeSphereParticles},
         {"moving", "Drone", &makeDrone},
+        {"lines", "Road", &makeRoad},
+        {"lines", "Patrol", &makePatrol},
+        {"lines", "Fence", &makeFence},
+        {"lines", "Pipe", &makePipe},
+        {"lines", "Canal", &makeCanal},
     };
     return entries;
 }

@@ -1,6 +1,7 @@
 #include "JsonParser.h"
 #include "JsonWriter.h"
 #include "Program.h"
+#include "Sample.h"
 
 #include <gtest/gtest.h>
 
@@ -75,13 +76,19 @@ TEST(JsonReportTest, TheReportHoldsEveryFrameAndTheEntityTreeOfTheTower) {
     EXPECT_EQ(report["frameSeconds"].number, 0.5);
     ASSERT_EQ(report["frames"].array.size(), 12u);
     const JsonValue& first = report["frames"].array.front();
+    const auto features = static_cast<double>(keo::scene::sampleEntries().size());
     EXPECT_EQ(first["frame"].number, 1.0);
     EXPECT_EQ(first["time"].number, 0.0);
-    EXPECT_EQ(first["features"].number, 8.0);
-    EXPECT_EQ(first["updated"].number, 8.0);
+    EXPECT_EQ(first["features"].number, features);
+    EXPECT_EQ(first["updated"].number, features);
     EXPECT_EQ(first["added"].number, first["live"].number);
     EXPECT_EQ(first["collection"]["notifications"].number, 1.0);
-    EXPECT_EQ(first["collection"]["added"].number, 8.0);
+    EXPECT_EQ(first["collection"]["added"].number, features);
+    // The road's height reference is drawn clamped, with the kit's warning.
+    ASSERT_EQ(first["log"].array.size(), 1u);
+    EXPECT_NE(first["log"].array[0].string.find("keo::Feature::setPolylineHeightReference"),
+              std::string::npos);
+    EXPECT_TRUE(report["frames"].array[1]["log"].array.empty());
     EXPECT_EQ(report["frames"].array[1]["edits"].array.at(0).string,
               "recolour the dot of \"Marker\" from red to yellow");
     EXPECT_EQ(report["time"].number, 5.5);

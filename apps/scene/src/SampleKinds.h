@@ -1,0 +1,33 @@
+#pragma once
+
+// The makers of the sample's features beyond the points, one source per family of kinds; the
+// sample's table (Sample.cpp) lists them.
+
+#include "Scene.h"
+
+#include "Common/Cartographic.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace keo::scene {
+
+/** @brief A place of the sample, @p east and @p north degrees from its centre, @p height metres. */
+Cartographic samplePlace(double east, double north, double height);
+
+/** @brief "Road": a dashed road with segment and total length labels, on relative heights. */
+SceneFeature makeRoad(std::uint64_t id, const std::string& name);
+/** @brief "Patrol": a glowing line with a moving path and segment length labels. */
+SceneFeature makePatrol(std::uint64_t id, const std::string& name);
+/** @brief "Fence": a line standing as a wall 3 m high with a line along its top. */
+SceneFeature makeFence(std::uint64_t id, const std::string& name);
+/** @brief "Pipe": a round pipe 1 m across swept along a line. */
+SceneFeature makePipe(std::uint64_t id, const std::string& name);
+/** @brief "Canal": a wide blue line with a thin white line over it, on the ground. */
+SceneFeature makeCanal(std::uint64_t id, const std::string& name);
+
+/** @brief The vertices of "Patrol" as made, and as the script edits them. */
+std::vector<Cartographic> patrolRoute(std::size_t vertices);
+
+} // namespace keo::scene
