@@ -43,6 +43,7 @@
 #include "Feature/PointStyle.h"
 #include "Feature/PointSymbol.h"
 #include "Feature/PolygonDynamicMaterial.h"
+#include "Feature/PolygonGeometry.h"
 #include "Feature/PolygonStyle.h"
 #include "Feature/PolygonSymbol.h"
 #include "Feature/PolylineGeometry.h"

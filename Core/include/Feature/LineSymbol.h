@@ -1,11 +1,13 @@
 #pragma once
 
+#include "Common/Color.h"
 #include "Feature/FeatureExport.h"
 #include "Feature/Path.h"
 #include "Feature/Symbol.h"
 #include "Feature/detail/SubscriptionPair.h"
 
 #include <memory>
+#include <optional>
 
 namespace keo {
 class PolylineGraphics;
@@ -79,6 +81,11 @@ public:
      * to the geometry that draws the line.
      */
     void _fill(PolylineGraphics& graphics, const SymbolContext& context) const;
+    /**
+     * @brief The one colour the line is painted with: its material's when that is a ColorMaterial
+     * or a LineDashMaterial (the dash colour); empty for any other material or none.
+     */
+    std::optional<Color> _getSolidColor() const;
 
 private:
     std::shared_ptr<Material> material_;

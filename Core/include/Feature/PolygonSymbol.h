@@ -7,6 +7,7 @@
 #include <memory>
 
 namespace keo {
+class FilledGeometryGraphics;
 class WallGraphics;
 } // namespace keo
 
@@ -87,6 +88,14 @@ public:
      * graphics keep theirs.
      */
     void _fillWall(WallGraphics& graphics, const SymbolContext& context) const;
+    /**
+     * @brief Writes the symbol as a surface into @p graphics (a polygon's area, a roof, a
+     * rectangle): the fill switch, the outline off (outlines are lines of their own), the
+     * context's distance display condition and, when the symbol has a material, the material
+     * (brought up to date and shared; keo::Color::HIGHLIGHTCOLOR while the feature is
+     * highlighted). Without a material the graphics keep theirs.
+     */
+    void _fill(FilledGeometryGraphics& graphics, const SymbolContext& context) const;
 
 private:
     std::shared_ptr<Material> material_;

@@ -21,6 +21,12 @@ inline constexpr SourceSite FEATURE_SET_GEOMETRY{"Core/src/Feature/Feature", 201
 inline constexpr SourceSite FEATURE_SET_STYLE{"Core/src/Feature/Feature", 244,
                                               "keo::Feature::Feature::setStyle"};
 
+// The kind check of a multi geometry's assign, and the ring check of a polygon's styling step.
+inline constexpr SourceSite MULTI_GEOMETRY_ASSIGN{"Core/src/Feature/MultiGeometry", 42,
+                                                  "keo::Feature::MultiGeometry::assign"};
+inline constexpr SourceSite POLYGON_UPDATE_STYLE{"Core/src/Feature/PolygonGeometry", 707,
+                                                 "keo::Feature::PolygonGeometry::_updateStyle"};
+
 // Misuse of a collection: the exception names the function as "FeatureCollection::add()".
 inline constexpr SourceSite COLLECTION_RESUME_WITHOUT_SUSPEND{
     "Core/src/Feature/FeatureCollection", 42, "FeatureCollection::resumeEvents()"};

@@ -4,7 +4,9 @@
 
 #include "AssignSupport.h"
 #include "EditRule.h"
+#include "Feature/ColorMaterial.h"
 #include "Feature/LengthLabelSymbol.h"
+#include "Feature/LineDashMaterial.h"
 #include "Feature/Material.h"
 #include "FeatureLog.h"
 #include "Subscription.h"
@@ -78,6 +80,16 @@ void LineSymbol::_fill(PolylineGraphics& graphics, const SymbolContext& context)
         graphics.setMaterial(nullptr);
     }
     graphics.setDistanceDisplayCondition(context.distanceDisplayCondition);
+}
+
+std::optional<Color> LineSymbol::_getSolidColor() const {
+    if (const auto* color = dynamic_cast<const ColorMaterial*>(material_.get())) {
+        return color->getColor();
+    }
+    if (const auto* dash = dynamic_cast<const LineDashMaterial*>(material_.get())) {
+        return dash->getColor();
+    }
+    return std::nullopt;
 }
 
 } // namespace keo::Feature

@@ -3,9 +3,7 @@
 #include "AssignSupport.h"
 #include "Data/WallGraphics.h"
 #include "EditRule.h"
-#include "Feature/ColorMaterial.h"
 #include "Feature/LengthLabelSymbol.h"
-#include "Feature/LineDashMaterial.h"
 #include "Feature/LineSymbol.h"
 #include "Feature/Material.h"
 #include "Feature/SymbolContext.h"
@@ -18,19 +16,7 @@ namespace keo::Feature {
 namespace {
 
 // The outline colour of a wall whose outline material gives none.
-const Color WALL_OUTLINE_COLOR(0.5f, 1.0f, 0.5f, 1.0f);
-
-// The colour an outline is drawn with: its material's, for a material of one colour.
-Color outlineColor(const LineSymbol& outline) {
-    const Material* const material = outline.getMaterial().get();
-    if (const auto* color = dynamic_cast<const ColorMaterial*>(material)) {
-        return color->getColor();
-    }
-    if (const auto* dash = dynamic_cast<const LineDashMaterial*>(material)) {
-        return dash->getColor();
-    }
-    return WALL_OUTLINE_COLOR;
-}
+constexpr Color WALL_OUTLINE_COLOR(0.5f, 1.0f, 0.5f, 1.0f);
 
 } // namespace
 
@@ -101,8 +87,17 @@ void PolygonSymbol::_fillWall(WallGraphics& graphics, const SymbolContext& conte
     graphics.setOutline(outlined);
     if (outlined) {
         graphics.setOutlineWidth(outline_->getWidth());
-        graphics.setOutlineColor(outlineColor(*outline_));
+        graphics.setOutlineColor(outline_->_getSolidColor().value_or(WALL_OUTLINE_COLOR));
     }
+    graphics.setDistanceDisplayCondition(context.distanceDisplayCondition);
+    if (material_) {
+        material_->update(graphics, context.highlight);
+    }
+}
+
+void PolygonSymbol::_fill(FilledGeometryGraphics& graphics, const SymbolContext& context) const {
+    graphics.setFill(fill_);
+    graphics.setOutline(false);
     graphics.setDistanceDisplayCondition(context.distanceDisplayCondition);
     if (material_) {
         material_->update(graphics, context.highlight);
