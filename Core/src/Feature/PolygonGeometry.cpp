@@ -108,12 +108,16 @@ unsigned long segmentSuffix(const std::string& name) {
     }
 }
 
-// @p points closed: the first point repeated at the end (an empty list stays empty).
-std::vector<Vector3<double>> closed(std::vector<Vector3<double>> points) {
-    if (!points.empty()) {
-        points.push_back(points.front());
+// @p points closed: the first point repeated at the end (an empty list stays empty). The list is
+// made at its final size: a line keeps it for as long as it is drawn.
+std::vector<Vector3<double>> closed(const std::vector<Vector3<double>>& points) {
+    std::vector<Vector3<double>> ring;
+    ring.reserve(points.size() + 1);
+    ring.assign(points.begin(), points.end());
+    if (!ring.empty()) {
+        ring.push_back(ring.front());
     }
-    return points;
+    return ring;
 }
 
 // ---- the label point ------------------------------------------------------------------------
@@ -567,14 +571,15 @@ void PolygonGeometry::_updateSegmentLabelPositions(Entity& entity,
     if (edges < 3) {
         return;
     }
-    const std::vector<Vector3<double>> points = _toCartesianRing(ring);
-    detail::placeSegmentLabels(entity,
-                               [&points, edges](std::size_t i) -> std::optional<Vector3<double>> {
-                                   if (i >= edges) {
-                                       return std::nullopt;
-                                   }
-                                   return detail::midpoint(points[i], points[(i + 1) % edges]);
-                               });
+    // Converted only once a label asks for it: a polygon without edge labels pays nothing.
+    detail::LazyCartesian points(ring);
+    detail::placeSegmentLabels(entity, [&points, edges](std::size_t i) {
+        std::optional<Vector3<double>> middle;
+        if (i < edges) {
+            middle = detail::midpoint(points.get()[i], points.get()[(i + 1) % edges]);
+        }
+        return middle;
+    });
 }
 
 void PolygonGeometry::_applyOutlineHeightReference(PolylineGraphics* graphics,

@@ -6,13 +6,19 @@
 
 #include "Common/Cartographic.h"
 #include "Common/Color.h"
+#include "Feature/ColorMaterial.h"
+#include "Feature/ExtrusionSymbol.h"
 #include "Feature/Feature.h"
 #include "Feature/FeatureCollection.h"
 #include "Feature/FeatureGroup.h"
 #include "Feature/LabelSymbol.h"
+#include "Feature/LengthLabelSymbol.h"
 #include "Feature/PointGeometry.h"
 #include "Feature/PointStyle.h"
 #include "Feature/PointSymbol.h"
+#include "Feature/PolygonGeometry.h"
+#include "Feature/PolygonStyle.h"
+#include "Feature/PolygonSymbol.h"
 #include "Feature/PolylineGeometry.h"
 
 #include <cctype>
@@ -28,6 +34,9 @@ constexpr std::uint64_t PIN_ID = FIRST_FEATURE_ID + 1;
 constexpr std::uint64_t SPHERE_ID = FIRST_FEATURE_ID + 6;
 constexpr std::uint64_t DRONE_ID = FIRST_FEATURE_ID + 7;
 constexpr std::uint64_t PATROL_ID = FIRST_FEATURE_ID + 9;
+constexpr std::uint64_t PARK_ID = FIRST_FEATURE_ID + 13;
+constexpr std::uint64_t DISTRICT_ID = FIRST_FEATURE_ID + 14;
+constexpr std::uint64_t BUILDING_ID = FIRST_FEATURE_ID + 15;
 
 void recolourMarker(Scene& scene) {
     scene.style(MARKER_ID)->asPointStyle()->getPointSymbol()->setColor(Color::YELLOW);
@@ -90,19 +99,42 @@ void shortenPatrol(Scene& scene) {
     setPatrolRoute(scene, 3);
 }
 
+void raiseBuilding(Scene& scene) {
+    scene.style(BUILDING_ID)->asPolygonStyle()->getExtrusionSymbol()->setHeight(60.0);
+}
+
+void punchSecondPond(Scene& scene) {
+    auto& geometry = static_cast<Feature::PolygonGeometry&>(*scene.feature(PARK_ID)->getGeometry());
+    geometry.setHierarchy(parkHierarchy(true));
+}
+
+void dropParkEdgeLabels(Scene& scene) {
+    scene.style(PARK_ID)->asPolygonStyle()->getPolygonSymbol()->getLengthLabelSymbol()->setEnabled(
+        false);
+}
+
+void recolourDistrict(Scene& scene) {
+    auto& symbol = *scene.style(DISTRICT_ID)->asPolygonStyle()->getPolygonSymbol();
+    symbol.setMaterial(std::make_shared<Feature::ColorMaterial>(Color(0.3f, 0.5f, 0.9f, 0.5f)));
+}
+
 } // namespace
 
 const std::vector<ScriptedEdit>& editScript() {
     static const std::vector<ScriptedEdit> script = {
         {2, "recolour the dot of \"Marker\" from red to yellow", &recolourMarker},
         {3, "move \"Marker\" 500 m north", &moveMarker},
+        {3, "raise \"Building\" from 45 m to 60 m", &raiseBuilding},
         {4, "hide the group \"particles\"", &hideParticles},
         {5, "show the group \"particles\" again", &showParticles},
+        {5, "punch a second pond into \"Park\"", &punchSecondPond},
         {6, "highlight \"Pin\"", &highlightPin},
         {7, "swap the style of \"Marker\" for an image with a hint-lined label", &swapMarkerStyle},
+        {7, "turn off the edge labels of \"Park\"", &dropParkEdgeLabels},
         {8, "remove \"Sphere spray\" and add the marker \"Beacon\" (id 2001)", &replaceSphere},
         {9, "label every feature with its name in capitals, collection suspended", &relabelAll},
         {10, "turn off the hint line of \"Drone\"", &dropDroneHintLine},
+        {11, "recolour the fill of \"District\" blue", &recolourDistrict},
         {11, "append a vertex to \"Patrol\" (4 to 5 vertices)", &extendPatrol},
         {12, "shorten \"Patrol\" to 3 vertices: its segment labels 2 and 3 go", &shortenPatrol},
     };

@@ -243,6 +243,12 @@ const std::vector<SampleEntry>& sampleEntries() {
         {"lines", "Fence", &makeFence},
         {"lines", "Pipe", &makePipe},
         {"lines", "Canal", &makeCanal},
+        {"areas", "Park", &makePark},
+        {"areas", "District", &makeDistrict},
+        {"areas", "Building", &makeBuilding},
+        {"areas", "Tower block", &makeTowerBlock},
+        {"areas", "Plaza", &makePlaza},
+        {"areas", "Field", &makeField},
     };
     return entries;
 }

@@ -6,6 +6,7 @@
 #include "Scene.h"
 
 #include "Common/Cartographic.h"
+#include "Feature/PolygonGeometry.h"
 
 #include <cstdint>
 #include <string>
@@ -26,6 +27,22 @@ SceneFeature makeFence(std::uint64_t id, const std::string& name);
 SceneFeature makePipe(std::uint64_t id, const std::string& name);
 /** @brief "Canal": a wide blue line with a thin white line over it, on the ground. */
 SceneFeature makeCanal(std::uint64_t id, const std::string& name);
+
+/** @brief "Park": a square park with a pond (a hole) and a length label on each edge. */
+SceneFeature makePark(std::uint64_t id, const std::string& name);
+/** @brief "District": a U-shaped district, labelled in an arm rather than in its notch. */
+SceneFeature makeDistrict(std::uint64_t id, const std::string& name);
+/** @brief "Building": a footprint extruded 45 m up from its own height (wall, roof, outline). */
+SceneFeature makeBuilding(std::uint64_t id, const std::string& name);
+/** @brief "Tower block": a footprint extruded up to 120 m above the ellipsoid. */
+SceneFeature makeTowerBlock(std::uint64_t id, const std::string& name);
+/** @brief "Plaza": an area painted with a moving image, one tile per 20 m of its extent. */
+SceneFeature makePlaza(std::uint64_t id, const std::string& name);
+/** @brief "Field": an area on heights relative to the terrain (drawn clamped, with a warning). */
+SceneFeature makeField(std::uint64_t id, const std::string& name);
+
+/** @brief The park's outer ring and its pond, with a second pond when @p secondPond. */
+Feature::PolygonGeometry::Hierarchy parkHierarchy(bool secondPond);
 
 /** @brief The vertices of "Patrol" as made, and as the script edits them. */
 std::vector<Cartographic> patrolRoute(std::size_t vertices);
