@@ -282,18 +282,25 @@ void Painter::paintShape(const TextShape& shape) {
         cairo_fill(cr_);
     }
     cairo_move_to(cr_, corner.x, baseline);
-    if (label.getStyle() == LabelStyle::Fill) {
+    const auto outlineWidth = static_cast<double>(label.getOutlineWidth());
+    if (label.getStyle() == LabelStyle::Fill || !(outlineWidth > 0.0)) {
         setColor(cr_, label.getFillColor());
         cairo_show_text(cr_, text.c_str());
     } else {
         cairo_text_path(cr_, text.c_str());
-        if (label.getStyle() == LabelStyle::FillAndOutline) {
-            setColor(cr_, label.getFillColor());
-            cairo_fill_preserve(cr_);
-        }
+        cairo_set_line_join(cr_, CAIRO_LINE_JOIN_ROUND);
         setColor(cr_, label.getOutlineColor());
-        cairo_set_line_width(cr_, static_cast<double>(label.getOutlineWidth()));
-        cairo_stroke(cr_);
+        if (label.getStyle() == LabelStyle::Outline) {
+            cairo_set_line_width(cr_, outlineWidth);
+            cairo_stroke(cr_);
+        } else {
+            // The outline rings the glyphs: stroked at twice its width, its inner half covered by
+            // the fill.
+            cairo_set_line_width(cr_, 2.0 * outlineWidth);
+            cairo_stroke_preserve(cr_);
+            setColor(cr_, label.getFillColor());
+            cairo_fill(cr_);
+        }
     }
     // The anchor: where the label is attached.
     cairo_new_path(cr_);
