@@ -36,6 +36,7 @@ int main() {
     root->setGeometryGraphics(std::make_shared<keo::PointGraphics>());
     const auto label = std::make_shared<keo::Entity>("label-symbol");
     label->setParent(root);
+    label->setPosition(root->getPosition());
     auto text = std::make_shared<keo::LabelGraphics>();
     text->setText("Paris");
     label->setGeometryGraphics(text);
