@@ -22,10 +22,13 @@ using MaterialType = MaterialProperty::Type;
 std::vector<double> dashLengths(std::uint16_t pattern, double repeat) {
     const double part = repeat / 16.0;
     std::vector<double> lengths;
-    for (int bit = 0; bit < 16; ++bit) {
-        const bool on = ((pattern >> bit) & 1u) != 0;
+    const auto isOn = [pattern](unsigned bit) {
+        return ((static_cast<unsigned>(pattern) >> bit) & 1u) != 0;
+    };
+    for (unsigned bit = 0; bit < 16; ++bit) {
+        const bool on = isOn(bit);
         const bool expectOn = lengths.size() % 2 == 0;
-        if (bit > 0 && on == (((pattern >> (bit - 1)) & 1u) != 0)) {
+        if (bit > 0 && on == isOn(bit - 1)) {
             lengths.back() += part;
             continue;
         }
