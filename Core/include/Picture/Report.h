@@ -9,8 +9,8 @@ namespace keo::Picture {
  * @brief What one picture drew and what it left out, entity by entity.
  *
  * Every entity given to the Renderer is counted once, in the first of these that applies:
- * withoutGraphics, hidden, outOfRange, noPosition, drawn (or nothing to draw, counted in
- * emptyGraphics). invalidPositions counts positions, not entities.
+ * withoutGraphics, hidden, noPosition, outOfRange, then drawn or, when its graphics had nothing to
+ * draw, emptyGraphics. invalidPositions counts positions, not entities.
  */
 struct Report final {
     /** @brief Entities given to the renderer (null pointers included). */

@@ -252,6 +252,28 @@ void Painter::paintShape(const ImageShape& shape) {
     cairo_restore(cr_);
 }
 
+void Painter::paintGlyphs(const LabelGraphics& label, const std::string& text) {
+    const auto outlineWidth = static_cast<double>(label.getOutlineWidth());
+    if (label.getStyle() == LabelStyle::Fill || !(outlineWidth > 0.0)) {
+        setColor(cr_, label.getFillColor());
+        cairo_show_text(cr_, text.c_str());
+        return;
+    }
+    cairo_text_path(cr_, text.c_str());
+    cairo_set_line_join(cr_, CAIRO_LINE_JOIN_ROUND);
+    setColor(cr_, label.getOutlineColor());
+    if (label.getStyle() == LabelStyle::Outline) {
+        cairo_set_line_width(cr_, outlineWidth);
+        cairo_stroke(cr_);
+        return;
+    }
+    // The outline rings the glyphs: stroked at twice its width, its inner half covered by the fill.
+    cairo_set_line_width(cr_, 2.0 * outlineWidth);
+    cairo_stroke_preserve(cr_);
+    setColor(cr_, label.getFillColor());
+    cairo_fill(cr_);
+}
+
 void Painter::paintShape(const TextShape& shape) {
     const LabelGraphics& label = *shape.label;
     if (!isFinite(shape.position)) {
@@ -265,13 +287,12 @@ void Painter::paintShape(const TextShape& shape) {
                         shape.position.y - static_cast<double>(label.getPixelOffset().y)};
     const double ascent = fontExtents_.ascent;
     const double descent = fontExtents_.descent;
-    const Point2 corner = boxCorner(
-        anchor, extents.x_advance, ascent + descent, label.getHorizontalOrigin(),
-        label.getVerticalOrigin() == VerticalOrigin::Baseline ? VerticalOrigin::Bottom
-                                                              : label.getVerticalOrigin());
+    const bool onBaseline = label.getVerticalOrigin() == VerticalOrigin::Baseline;
+    const Point2 corner =
+        boxCorner(anchor, extents.x_advance, ascent + descent, label.getHorizontalOrigin(),
+                  onBaseline ? VerticalOrigin::Bottom : label.getVerticalOrigin());
     // Baseline: the anchor is on the baseline, not under the descenders.
-    const double baseline =
-        label.getVerticalOrigin() == VerticalOrigin::Baseline ? anchor.y : corner.y + ascent;
+    const double baseline = onBaseline ? anchor.y : corner.y + ascent;
     if (label.getShowBackground()) {
         const Vector4<float>& pad = label.getBackgroundPadding();
         setColor(cr_, label.getBackgroundColor());
@@ -282,26 +303,7 @@ void Painter::paintShape(const TextShape& shape) {
         cairo_fill(cr_);
     }
     cairo_move_to(cr_, corner.x, baseline);
-    const auto outlineWidth = static_cast<double>(label.getOutlineWidth());
-    if (label.getStyle() == LabelStyle::Fill || !(outlineWidth > 0.0)) {
-        setColor(cr_, label.getFillColor());
-        cairo_show_text(cr_, text.c_str());
-    } else {
-        cairo_text_path(cr_, text.c_str());
-        cairo_set_line_join(cr_, CAIRO_LINE_JOIN_ROUND);
-        setColor(cr_, label.getOutlineColor());
-        if (label.getStyle() == LabelStyle::Outline) {
-            cairo_set_line_width(cr_, outlineWidth);
-            cairo_stroke(cr_);
-        } else {
-            // The outline rings the glyphs: stroked at twice its width, its inner half covered by
-            // the fill.
-            cairo_set_line_width(cr_, 2.0 * outlineWidth);
-            cairo_stroke_preserve(cr_);
-            setColor(cr_, label.getFillColor());
-            cairo_fill(cr_);
-        }
-    }
+    paintGlyphs(label, text);
     // The anchor: where the label is attached.
     cairo_new_path(cr_);
     cairo_arc(cr_, shape.position.x, shape.position.y, 2.0, 0.0, 2.0 * M_PI);

@@ -40,6 +40,7 @@ private:
     void paintShape(const ImageShape& shape);
     void paintShape(const TextShape& shape);
     void paintShape(const MarkShape& shape);
+    void paintGlyphs(const LabelGraphics& label, const std::string& text);
     void tracePath(const std::vector<Point2>& points, bool closed);
     void paintArrow(const StrokeShape& shape);
     cairo_surface_t* imageOf(const ImageShape& shape);
