@@ -12,6 +12,8 @@
 #include "Data/GeometryGraphics.h"
 #include "Data/Image.h"
 #include "Picture/Options.h"
+#include "Picture/Raster.h"
+#include "Picture/Renderer.h"
 
 #include <cmath>
 #include <cstdint>
@@ -65,6 +67,12 @@ inline Options smallOptions(std::uint32_t width = 200, std::uint32_t height = 20
     options.decorations = false;
     options.view = view;
     return options;
+}
+
+/** @brief The picture of @p entities made in memory with @p options. */
+inline Raster render(const std::vector<std::shared_ptr<Entity>>& entities,
+                     const Options& options = smallOptions()) {
+    return Renderer(options).render(pointers(entities));
 }
 
 /** @brief A pixel of a rendered picture. */

@@ -52,11 +52,6 @@ std::vector<Vector3<double>> square(double half) {
     return {at(-half, -half), at(half, -half), at(half, half), at(-half, half)};
 }
 
-Raster render(const std::vector<std::shared_ptr<Entity>>& entities,
-              const Options& options = smallOptions()) {
-    return Renderer(options).render(pointers(entities));
-}
-
 TEST(RendererTest, APolygonIsFilledInsideAndItsHoleShowsTheBackground) {
     auto polygon = std::make_shared<keo::PolygonGraphics>();
     polygon->setHierarchy(
