@@ -39,8 +39,9 @@ namespace keo::Picture {
  *
  * Positions with a NaN or infinite coordinate are skipped and counted (Report::invalidPositions);
  * a position, positions or orientation property that throws is read as having no value. A
- * picture with nothing to draw carries a note instead. A renderer holds only its options; one
- * renderer may draw on several threads at once as long as the entities are not edited meanwhile.
+ * picture with nothing to draw carries a note instead. A renderer holds only its options and can
+ * draw any number of pictures; it reads the entities while it draws, so they must not be edited
+ * meanwhile.
  */
 class KEO_PICTURE_API Renderer final {
 public:

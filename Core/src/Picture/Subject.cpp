@@ -224,16 +224,14 @@ std::optional<Vector3<double>> Subject::reference() const {
     if (anchor) {
         return anchor;
     }
-    Vector3<double> sum;
-    std::size_t count = 0;
-    for (const auto& point : rings.empty() ? Ring() : rings.front()) {
-        sum += point;
-        ++count;
-    }
-    if (count == 0) {
+    if (rings.empty() || rings.front().empty()) {
         return std::nullopt;
     }
-    return sum / static_cast<double>(count);
+    Vector3<double> sum;
+    for (const auto& point : rings.front()) {
+        sum += point;
+    }
+    return sum / static_cast<double>(rings.front().size());
 }
 
 Evaluation evaluateSubject(Subject& subject, const TimePoint& time, std::size_t& invalid) {
