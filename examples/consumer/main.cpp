@@ -1,7 +1,8 @@
-// Uses the installed kit: converts a position, measures a distance, logs through a sink and
-// prints a small entity tree.
+// Uses the installed kit: converts a position, measures a distance, logs through a sink, prints a
+// small entity tree and draws it into a picture.
 #include <keoCommon.h>
 #include <keoData.h>
+#include <keoPicture.h>
 
 #include <cstdio>
 #include <memory>
@@ -35,6 +36,7 @@ int main() {
     root->setGeometryGraphics(std::make_shared<keo::PointGraphics>());
     const auto label = std::make_shared<keo::Entity>("label-symbol");
     label->setParent(root);
+    label->setPosition(root->getPosition());
     auto text = std::make_shared<keo::LabelGraphics>();
     text->setText("Paris");
     label->setGeometryGraphics(text);
@@ -43,5 +45,20 @@ int main() {
         return 1;
     }
     std::fputs(keo::SceneDump::toText(*root).c_str(), stdout);
+
+    // The same tree as a picture in memory: the point and its label are both drawn.
+    keo::Picture::Options options;
+    options.width = 320;
+    options.height = 200;
+    options.title = "Paris";
+    const keo::Picture::Raster picture =
+        keo::Picture::Renderer(options).render(keo::Picture::Renderer::collectTrees({root}));
+    if (picture.report.drawn != 2 || picture.image.getWidth() != 320) {
+        std::fprintf(stderr, "picture not drawn: %zu of %zu entities\n", picture.report.drawn,
+                     picture.report.entities);
+        return 1;
+    }
+    std::printf("picture: %ux%u, %zu entities drawn\n", picture.image.getWidth(),
+                picture.image.getHeight(), picture.report.drawn);
     return 0;
 }

@@ -1,5 +1,8 @@
 #include "Options.h"
 
+#include "Picture/Format.h"
+#include "Picture/Options.h"
+
 #include <utility>
 
 namespace keo::scene {
@@ -34,10 +37,103 @@ ParseResult failure(std::string error) {
     return ParseResult{std::nullopt, std::move(error)};
 }
 
+bool isFlagOption(const std::string& name) {
+    return name == "--quiet" || name == "--verify" || name == "--help";
+}
+
+bool isValueOption(const std::string& name) {
+    for (const char* known :
+         {"--frames", "--features", "--json", "--picture", "--view", "--size", "--picture-every"}) {
+        if (name == known) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// WIDTHxHEIGHT, each a whole number from 1 to the largest picture side.
+bool parseSize(const std::string& text, Options& options) {
+    const std::size_t x = text.find('x');
+    if (x == std::string::npos) {
+        return false;
+    }
+    const auto width = parseCount(text.substr(0, x), Picture::Options::MAX_SIZE);
+    const auto height = parseCount(text.substr(x + 1), Picture::Options::MAX_SIZE);
+    if (!width || !height) {
+        return false;
+    }
+    options.pictureWidth = *width;
+    options.pictureHeight = *height;
+    return true;
+}
+
+// Applies the picture options' values; the error, or empty.
+std::string applyPictureValue(const std::string& name, const std::string& value, Options& options) {
+    if (name == "--picture") {
+        if (!Picture::formatFromPath(value)) {
+            return "option '--picture' needs a file name ending in .png, .svg or .pdf, got '" +
+                   value + "'";
+        }
+        options.picturePath = value;
+    } else if (name == "--view") {
+        if (value != "map" && value != "oblique") {
+            return "option '--view' needs 'map' or 'oblique', got '" + value + "'";
+        }
+        options.pictureView = value == "map" ? Picture::View::Map : Picture::View::Oblique;
+    } else if (name == "--size") {
+        if (!parseSize(value, options)) {
+            return "option '--size' needs WIDTHxHEIGHT, each from 1 to " +
+                   std::to_string(Picture::Options::MAX_SIZE) + ", got '" + value + "'";
+        }
+    } else {
+        const auto count = parseCount(value, MAX_FRAMES);
+        if (!count) {
+            return countError(name, value, MAX_FRAMES);
+        }
+        options.pictureEvery = *count;
+    }
+    return std::string();
+}
+
+// Applies the value of option @p name; the error, or empty.
+std::string applyValue(const std::string& name, const std::string& value, Options& options) {
+    if (name == "--json") {
+        if (value.empty()) {
+            return "option '--json' needs a file name";
+        }
+        options.jsonPath = value;
+        return std::string();
+    }
+    if (name == "--frames" || name == "--features") {
+        const std::uint32_t max = name == "--frames" ? MAX_FRAMES : MAX_FEATURES;
+        const auto count = parseCount(value, max);
+        if (!count) {
+            return countError(name, value, max);
+        }
+        (name == "--frames" ? options.frames : options.features.emplace()) = *count;
+        return std::string();
+    }
+    return applyPictureValue(name, value, options);
+}
+
+// The picture options other than --picture are only meaningful with it.
+std::string checkPictureOptions(const std::vector<std::string>& given, const Options& options) {
+    if (!options.picturePath.empty()) {
+        return std::string();
+    }
+    for (const std::string& name : given) {
+        if (name == "--view" || name == "--size" || name == "--picture-every") {
+            return "option '" + name + "' needs --picture FILE";
+        }
+    }
+    return std::string();
+}
+
 } // namespace
 
 ParseResult parseArguments(const std::vector<std::string>& arguments) {
     Options options;
+    std::vector<std::string> given;
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string& argument = arguments[i];
         if (argument.rfind("--", 0) != 0 || argument == "--") {
@@ -56,13 +152,11 @@ ParseResult parseArguments(const std::vector<std::string>& arguments) {
         if (equals != std::string::npos) {
             inlineValue = argument.substr(equals + 1);
         }
-
-        const bool isFlag = name == "--quiet" || name == "--verify" || name == "--help";
-        const bool takesValue = name == "--frames" || name == "--features" || name == "--json";
-        if (!isFlag && !takesValue) {
+        if (!isFlagOption(name) && !isValueOption(name)) {
             return failure("unknown option '" + name + "'");
         }
-        if (isFlag) {
+        given.push_back(name);
+        if (isFlagOption(name)) {
             if (inlineValue) {
                 return failure("option '" + name + "' takes no value");
             }
@@ -81,31 +175,20 @@ ParseResult parseArguments(const std::vector<std::string>& arguments) {
         } else {
             return failure("option '" + name + "' needs a value");
         }
-
-        if (name == "--json") {
-            if (value.empty()) {
-                return failure("option '--json' needs a file name");
-            }
-            options.jsonPath = value;
-        } else if (name == "--frames") {
-            const auto count = parseCount(value, MAX_FRAMES);
-            if (!count) {
-                return failure(countError(name, value, MAX_FRAMES));
-            }
-            options.frames = *count;
-        } else {
-            const auto count = parseCount(value, MAX_FEATURES);
-            if (!count) {
-                return failure(countError(name, value, MAX_FEATURES));
-            }
-            options.features = *count;
+        if (std::string error = applyValue(name, value, options); !error.empty()) {
+            return failure(std::move(error));
         }
+    }
+    if (std::string error = checkPictureOptions(given, options); !error.empty()) {
+        return failure(std::move(error));
     }
     return ParseResult{options, std::string()};
 }
 
 std::string usageText() {
     return "Usage: keo-scene [--frames N] [--features N] [--json FILE] [--quiet] [--verify]\n"
+           "                 [--picture FILE [--view map|oblique] [--size WxH] [--picture-every "
+           "N]]\n"
            "\n"
            "Builds a sample scene of features, plays it frame by frame as a renderer would and\n"
            "prints what the features become: one line per frame, then every feature's entity "
@@ -124,11 +207,21 @@ std::string usageText() {
            "  --quiet        print only the closing summary\n"
            "  --verify       after every frame, check that the renderer-side set of live\n"
            "                 entities equals the entity trees of the features in the scene\n"
+           "  --picture FILE draw the live entities of the last frame into FILE, a .png, .svg\n"
+           "                 or .pdf picture (the format follows the extension)\n"
+           "  --view V       the picture's view: 'map' (default; top-down, with a scale bar\n"
+           "                 and a north arrow) or 'oblique' (perspective, solids shaded)\n"
+           "  --size WxH     the picture's size in pixels (points for SVG and PDF), each\n"
+           "                 side 1 to " +
+           std::to_string(Picture::Options::MAX_SIZE) +
+           " (default 1024x768)\n"
+           "  --picture-every N  instead, draw every N-th frame into numbered files: FILE with\n"
+           "                 the frame number before the extension (scene-04.png, ...)\n"
            "  -h, --help     print this text\n"
            "\n"
            "Exit status: 0 on success, 1 when --verify finds a difference or the JSON report\n"
-           "cannot be written, 2 for a wrong command line or a --json file that cannot be "
-           "opened.\n";
+           "or a picture cannot be written, 2 for a wrong command line or a --json or --picture\n"
+           "file that cannot be opened.\n";
 }
 
 } // namespace keo::scene

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Picture/View.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -21,6 +23,19 @@ struct Options {
     bool verify = false;
     /** @brief Print the usage text and stop. */
     bool help = false;
+    /**
+     * @brief File the picture of the last frame is written to (PNG, SVG or PDF by its
+     * extension); with pictureEvery, the name the numbered pictures are made from. Empty: none.
+     */
+    std::string picturePath;
+    /** @brief The picture's view. */
+    Picture::View pictureView = Picture::View::Map;
+    /** @brief The picture's width, pixels (points for SVG and PDF). */
+    std::uint32_t pictureWidth = 1024;
+    /** @brief The picture's height, pixels (points for SVG and PDF). */
+    std::uint32_t pictureHeight = 768;
+    /** @brief Write a numbered picture of every N-th frame instead of the last; empty: the last. */
+    std::optional<std::uint32_t> pictureEvery;
 };
 
 /** @brief The largest accepted --frames value. */
@@ -39,8 +54,10 @@ struct ParseResult {
 /**
  * @brief Parses the arguments after the program name. Options take their value as the next
  * argument or after '=' (`--frames 5`, `--frames=5`). Numbers are plain decimal digits within
- * their range; anything else, an unknown option, a missing value or a stray argument gives an
- * error and no options. Never throws for any input.
+ * their range; a picture file must end in .png, .svg or .pdf, a view is "map" or "oblique", a
+ * size is WIDTHxHEIGHT (each 1 to 16384); --view, --size and --picture-every need --picture.
+ * Anything else, an unknown option, a missing value or a stray argument gives an error and no
+ * options. Never throws for any input.
  */
 ParseResult parseArguments(const std::vector<std::string>& arguments);
 

@@ -5,6 +5,7 @@
 #include "FrameLog.h"
 #include "LogCapture.h"
 #include "Options.h"
+#include "PictureOutput.h"
 #include "ProgressBar.h"
 #include "RendererSide.h"
 #include "Sample.h"
@@ -13,6 +14,7 @@
 #include "Data/Layer.h"
 #include "Feature/Feature.h"
 #include "Feature/FeatureGroup.h"
+#include "Picture/PictureError.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -34,11 +36,12 @@ constexpr const char* HELP_HINT = "Run 'keo-scene --help' for usage.";
 // The pieces of one run: the scene, the renderer side and the collection watch (attached before
 // any feature is added, so that they hear of every one), and the frame log.
 struct Run {
-    explicit Run(const char* layerName)
+    Run(const char* layerName, PictureOutput pictureOutput)
         : logs()
         , scene(layerName)
         , renderer(scene.root())
-        , watch(scene.collection()) {}
+        , watch(scene.collection())
+        , pictures(std::move(pictureOutput)) {}
 
     // Plays frame @p frame after the edits described by @p edits and records it.
     const FrameRecord& play(std::uint32_t frame, std::vector<std::string> edits) {
@@ -65,15 +68,34 @@ struct Run {
 
     double lastTime() const { return frames.empty() ? 0.0 : frames.back().time; }
 
+    // Writes the picture of the frame just played when one is due; its report line goes to
+    // @p out unless @p quiet. The failure to write it, or nothing.
+    std::optional<std::string> picture(std::ostream& out, bool quiet) const {
+        const FrameRecord& record = frames.back();
+        if (!pictures.isDue(record.frame)) {
+            return std::nullopt;
+        }
+        try {
+            const std::string line = pictures.write(record.frame, record.time, renderer);
+            if (!quiet) {
+                out << line << "\n";
+            }
+        } catch (const Picture::PictureError& error) {
+            return std::string(error.what());
+        }
+        return std::nullopt;
+    }
+
     // First made, last gone: the records of every feature and frame are caught.
     LogCapture logs;
     Scene scene;
     RendererSide renderer;
     CollectionWatch watch;
+    PictureOutput pictures;
     std::vector<FrameRecord> frames;
 };
 
-int verificationFailed(std::ostream& err, const std::string& message) {
+int runFailed(std::ostream& err, const std::string& message) {
     err << "keo-scene: " << message << "\n";
     return EXIT_FAILED;
 }
@@ -101,9 +123,12 @@ int runSample(const Options& options, Run& run, std::ostream& out, std::ostream&
         if (!options.quiet) {
             out << formatFrame(record);
         }
+        if (const auto failure = run.picture(out, options.quiet)) {
+            return runFailed(err, *failure);
+        }
         if (options.verify) {
             if (const auto failure = run.check()) {
-                return verificationFailed(err, *failure);
+                return runFailed(err, *failure);
             }
         }
     }
@@ -176,6 +201,9 @@ int runScale(const Options& options, std::uint32_t featureCount, Run& run, std::
         phase.features += featureCount;
         phase.entities += run.renderer.liveCount();
         bar.advance(featureCount, phase.name);
+        if (auto failure = run.picture(out, options.quiet)) {
+            return failure;
+        }
         return options.verify ? run.check() : std::nullopt;
     };
 
@@ -204,7 +232,7 @@ int runScale(const Options& options, std::uint32_t featureCount, Run& run, std::
     }
     bar.finish();
     if (failure) {
-        return verificationFailed(err, *failure);
+        return runFailed(err, *failure);
     }
     out << "phase           features    entities   seconds   features/s   entities/s\n";
     for (const Phase* phase : {&build, &clean, &edits}) {
@@ -242,7 +270,23 @@ int runProgram(const std::vector<std::string>& arguments, std::ostream& out, std
         }
     }
 
-    Run run(options.features ? "scale" : "sample");
+    // Frames played: the sample's, or the scale run's first frame, clean frames and edit rounds.
+    const std::uint32_t frames = options.features ? 1 + 2 * options.frames : options.frames;
+    PictureOutput pictures(options, frames,
+                           options.features
+                               ? "keo-scene, " + std::to_string(*options.features) + " features"
+                               : std::string("keo-scene sample"));
+    if (const std::string first = pictures.firstPath(); !first.empty()) {
+        // Checked before the run, as the JSON file is: a wrong path is a wrong command line.
+        std::ofstream probe(first, std::ios::out | std::ios::trunc);
+        if (!probe.is_open()) {
+            err << "keo-scene: cannot open --picture file '" << first
+                << "' for writing: " << std::strerror(errno) << "\n"
+                << HELP_HINT << "\n";
+            return EXIT_USAGE;
+        }
+    }
+    Run run(options.features ? "scale" : "sample", std::move(pictures));
     const int status = options.features
                            ? runScale(options, *options.features, run, out, err, progress)
                            : runSample(options, run, out, err);

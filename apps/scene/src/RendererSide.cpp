@@ -195,6 +195,29 @@ bool RendererSide::isLive(const std::shared_ptr<Entity>& entity) const {
     return false;
 }
 
+std::vector<const Entity*> RendererSide::liveEntities() const {
+    std::vector<const Entity*> entities;
+    for (const auto& feature : leafFeatures(root_)) {
+        const auto found = records_.find(feature.get());
+        const std::shared_ptr<Entity> root = feature->_getImplHandle();
+        if (found == records_.end() || !root) {
+            continue;
+        }
+        // Depth first from the root entity; only the entities of the live set are drawn.
+        std::vector<std::shared_ptr<Entity>> pending{root};
+        while (!pending.empty()) {
+            const std::shared_ptr<Entity> entity = pending.back();
+            pending.pop_back();
+            if (found->second.live.count(entity) != 0) {
+                entities.push_back(entity.get());
+            }
+            const auto& children = entity->getChildren();
+            pending.insert(pending.end(), children.rbegin(), children.rend());
+        }
+    }
+    return entities;
+}
+
 std::string RendererSide::verify() const {
     std::unordered_map<const Entity*, const Feature::Feature*> expected;
     for (const auto& feature : leafFeatures(root_)) {

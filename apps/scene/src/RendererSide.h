@@ -94,6 +94,13 @@ public:
     /** @brief Whether @p entity is live. */
     bool isLive(const std::shared_ptr<Entity>& entity) const;
 
+    /**
+     * @brief The live entities in a fixed order: feature by feature in tree order, each feature's
+     * entities depth first from its root entity (what a picture of the frame draws). The
+     * pointers stay valid until the next frame or edit.
+     */
+    std::vector<const Entity*> liveEntities() const;
+
 private:
     struct Record {
         std::shared_ptr<Feature::Feature> feature;

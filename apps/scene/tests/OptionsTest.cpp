@@ -1,5 +1,7 @@
 #include "Options.h"
 
+#include "Picture/View.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -83,10 +85,67 @@ TEST(OptionsTest, UnknownOptionsStrayArgumentsAndValuesOnFlagsAreErrors) {
     EXPECT_EQ(errorOf({"--quiet=yes"}), "option '--quiet' takes no value");
 }
 
+TEST(OptionsTest, NoPictureIsAskedForByDefault) {
+    const Options options = *parse({}).options;
+    EXPECT_EQ(options.picturePath, "");
+    EXPECT_EQ(options.pictureView, keo::Picture::View::Map);
+    EXPECT_EQ(options.pictureWidth, 1024u);
+    EXPECT_EQ(options.pictureHeight, 768u);
+    EXPECT_FALSE(options.pictureEvery.has_value());
+}
+
+TEST(OptionsTest, PictureOptionsAreTakenInBothForms) {
+    const ParseResult result =
+        parse({"--picture", "out.svg", "--view=oblique", "--size", "640x480", "--picture-every=3"});
+    ASSERT_TRUE(result.options.has_value()) << result.error;
+    EXPECT_EQ(result.options->picturePath, "out.svg");
+    EXPECT_EQ(result.options->pictureView, keo::Picture::View::Oblique);
+    EXPECT_EQ(result.options->pictureWidth, 640u);
+    EXPECT_EQ(result.options->pictureHeight, 480u);
+    EXPECT_EQ(result.options->pictureEvery, 3u);
+    EXPECT_EQ(parse({"--picture=a.PDF", "--view", "map"}).options->pictureView,
+              keo::Picture::View::Map);
+}
+
+TEST(OptionsTest, APictureFileMustNameAFormat) {
+    EXPECT_EQ(errorOf({"--picture", "out.jpg"}),
+              "option '--picture' needs a file name ending in .png, .svg or .pdf, got 'out.jpg'");
+    EXPECT_EQ(errorOf({"--picture="}),
+              "option '--picture' needs a file name ending in .png, .svg or .pdf, got ''");
+    EXPECT_EQ(errorOf({"--picture"}), "option '--picture' needs a value");
+}
+
+TEST(OptionsTest, AViewIsMapOrOblique) {
+    EXPECT_EQ(errorOf({"--picture", "a.png", "--view", "side"}),
+              "option '--view' needs 'map' or 'oblique', got 'side'");
+}
+
+TEST(OptionsTest, ASizeIsTwoWholeNumbersWithinTheLimit) {
+    EXPECT_EQ(parse({"--picture", "a.png", "--size", "16384x1"}).options->pictureWidth, 16384u);
+    for (const char* bad :
+         {"0x10", "10x0", "10", "10x", "x10", "10X10", "16385x10", "-5x5", "10x10x10", "1.5x2"}) {
+        EXPECT_EQ(errorOf({"--picture", "a.png", "--size", bad}),
+                  std::string("option '--size' needs WIDTHxHEIGHT, each from 1 to 16384, got '") +
+                      bad + "'")
+            << bad;
+    }
+}
+
+TEST(OptionsTest, PictureEveryIsAPositiveFrameCount) {
+    EXPECT_EQ(errorOf({"--picture", "a.png", "--picture-every", "0"}),
+              "option '--picture-every' needs a whole number from 1 to 100000, got '0'");
+}
+
+TEST(OptionsTest, PictureSettingsWithoutAPictureAreErrors) {
+    EXPECT_EQ(errorOf({"--view", "oblique"}), "option '--view' needs --picture FILE");
+    EXPECT_EQ(errorOf({"--size", "10x10"}), "option '--size' needs --picture FILE");
+    EXPECT_EQ(errorOf({"--picture-every", "2"}), "option '--picture-every' needs --picture FILE");
+}
+
 TEST(OptionsTest, TheUsageTextNamesEveryOption) {
     const std::string usage = keo::scene::usageText();
-    for (const char* option :
-         {"--frames", "--features", "--json", "--quiet", "--verify", "--help"}) {
+    for (const char* option : {"--frames", "--features", "--json", "--quiet", "--verify", "--help",
+                               "--picture", "--view", "--size", "--picture-every"}) {
         EXPECT_NE(usage.find(option), std::string::npos) << option;
     }
 }

@@ -75,6 +75,28 @@ TEST(RendererSideTest, TheFirstFrameMakesEveryEntityLive) {
     }
 }
 
+TEST(RendererSideTest, LiveEntitiesListsTheLiveSetRootFirstThenDepthFirst) {
+    Fixture f;
+    f.scene.add("points", makePointFeature(2));
+    f.renderer.runFrame(1);
+    const auto root = f.scene.feature(1)->_getImplHandle();
+    const auto label = root->getChildByName("label-symbol");
+    pointStyle(f.scene, 2).setLabelSymbol(nullptr);
+    f.renderer.runFrame(2);
+
+    const auto entities = f.renderer.liveEntities();
+    ASSERT_EQ(entities.size(), f.renderer.liveCount());
+    // Feature 1: its root, the label with its hint line, the billboard; then feature 2 without
+    // its label: its root and its billboard.
+    ASSERT_EQ(entities.size(), 6u);
+    EXPECT_EQ(entities[0], root.get());
+    EXPECT_EQ(entities[1], label.get());
+    EXPECT_EQ(entities[2], label->getChildByName("hint-line").get());
+    EXPECT_EQ(entities[3]->getParent(), root.get());
+    EXPECT_EQ(entities[4], f.scene.feature(2)->_getImplHandle().get());
+    EXPECT_EQ(entities[5]->getParent(), entities[4]);
+}
+
 TEST(RendererSideTest, ACleanFrameChangesNothing) {
     Fixture f;
     f.renderer.runFrame(1);
