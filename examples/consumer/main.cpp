@@ -1,7 +1,8 @@
 // Uses the installed kit: converts a position, measures a distance, logs through a sink and
-// prints a small entity tree.
+// prints a small entity tree, then styles a point read from GeoJSON text.
 #include <keoCommon.h>
 #include <keoData.h>
+#include <keoSource.h>
 
 #include <cstdio>
 #include <memory>
@@ -43,5 +44,22 @@ int main() {
         return 1;
     }
     std::fputs(keo::SceneDump::toText(*root).c_str(), stdout);
+
+    // A point read from GeoJSON text and coloured by a style sheet.
+    keo::Source::LoadReport report;
+    keo::Source::LoadOptions options;
+    options.styleSheet = keo::Source::StyleSheet::parse(
+        R"({"rules": [{"point": {"color": ["match", ["get", "kind"], "city", "red", "white"]}}]})",
+        report);
+    const auto source = keo::Source::VectorSource::loadText(
+        R"({"type": "Feature", "id": 1, "properties": {"kind": "city"},
+            "geometry": {"type": "Point", "coordinates": [2.3522, 48.8566]}})",
+        options, report);
+    const keo::Source::ResolvedStyle* style = source ? source->resolvedStyle(1) : nullptr;
+    if (style == nullptr || !style->point || style->point->color != keo::Color::RED) {
+        std::fprintf(stderr, "styling failed: %s\n", report.toText().c_str());
+        return 1;
+    }
+    std::printf("styled %zu feature(s) from GeoJSON\n", source->size());
     return 0;
 }
