@@ -12,8 +12,12 @@ function(keo_apply_settings target)
     keo_apply_sanitizers(${target})
 endfunction()
 
-# keo_apply_sanitizers(<target>): the sanitizers of KEO_SANITIZE, halting on the first error.
+# keo_apply_sanitizers(<target>): the sanitizers of KEO_SANITIZE, halting on the first error, and
+# with KEO_BUILD_FUZZERS the coverage that guides libFuzzer.
 function(keo_apply_sanitizers target)
+    if(KEO_BUILD_FUZZERS)
+        target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+    endif()
     if(NOT KEO_SANITIZE)
         return()
     endif()

@@ -1,5 +1,7 @@
 #include "Source/VectorSource.h"
 
+#include "Source/Reader.h"
+
 #include "SourceTestSupport.h"
 
 #include "Common/Color.h"
@@ -16,6 +18,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -352,5 +356,53 @@ TEST(VectorSourceTest, FeaturesGoIntoTheGroupGiven) {
     EXPECT_EQ(report.count(Issue::IdReplaced), 1U);
     EXPECT_EQ(group->getFeatures().size(), 2U);
 }
+
+namespace countries {
+
+std::string fileText(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+}
+
+TEST(VectorSourceTest, TheShippedCountriesLoadWithTheirStyleSheetAndComputedArea) {
+    LoadReport report;
+    LoadOptions options;
+    options.read.areaField = "area_km2";
+    options.read.nameField = "A3";
+    options.styleSheet = StyleSheet::parse(
+        fileText(std::string(KEO_DATA_DIR) + "/countries/countries.style.json"), report);
+    ASSERT_NE(options.styleSheet, nullptr) << report.error();
+    const std::string path = std::string(KEO_DATA_DIR) + "/countries/countries-land-10km.geojson";
+    const auto records = keo::Source::Reader::readFile(path, options.read, report);
+    ASSERT_EQ(records.records.size(), 220U) << report.toText();
+    EXPECT_EQ(report.problemCount(), 0U) << report.toText();
+    // Every record is styled by a rule without a value of the wrong type.
+    std::size_t extruded = 0;
+    for (const auto& record : records.records) {
+        const auto style = options.styleSheet->resolve(record.geometry.kind, record.attributes,
+                                                       std::nullopt, report);
+        ASSERT_TRUE(style.has_value()) << record.name;
+        ASSERT_TRUE(style->polygon.has_value());
+        extruded += style->extrusion ? 1U : 0U;
+        if (record.name == "RUS") {
+            // Russia is about 17.1 million square kilometres.
+            const double area =
+                keo::Source::Value::fromAttribute(record.attributes.at("area_km2")).asNumber();
+            EXPECT_NEAR(area, 17.1e6, 0.5e6);
+            ASSERT_TRUE(style->label && style->label->text);
+            EXPECT_EQ(style->label->text->rfind("RUS 1", 0), 0U) << *style->label->text;
+        }
+    }
+    EXPECT_GT(extruded, 50U);
+    EXPECT_EQ(report.problemCount(), 0U) << report.toText();
+    // Polygons have no feature classes yet: the source counts them all as not yet supported.
+    LoadReport load;
+    const auto source = VectorSource::loadFile(path, options, load);
+    ASSERT_NE(source, nullptr);
+    EXPECT_EQ(source->size(), 0U);
+    EXPECT_EQ(load.count(Issue::KindNotYetSupported), 220U);
+}
+
+} // namespace countries
 
 } // namespace
