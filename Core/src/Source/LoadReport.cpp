@@ -15,6 +15,10 @@ constexpr std::array<const char*, LoadReport::ISSUE_COUNT> ISSUE_NAMES{
     "kind-not-yet-supported", "collection-split",        "id-replaced",
 };
 
+static_assert(static_cast<std::size_t>(LoadReport::Issue::IdReplaced) + 1 ==
+                  LoadReport::ISSUE_COUNT,
+              "one name per issue kind");
+
 std::size_t indexOf(LoadReport::Issue issue) noexcept {
     return static_cast<std::size_t>(issue);
 }
