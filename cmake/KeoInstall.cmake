@@ -1,5 +1,5 @@
 # Installs headers, libraries and the CMake package 'keoFeature', which gives the imported targets
-# keo::keoCommon, keo::keoData, keo::keoFeature and keo::keoPicture.
+# keo::keoCommon, keo::keoData, keo::keoFeature, keo::keoPicture and keo::keoSource.
 include(CMakePackageConfigHelpers)
 
 get_property(keo_libraries GLOBAL PROPERTY KEO_LIBRARIES)

@@ -12,8 +12,12 @@ function(keo_apply_settings target)
     keo_apply_sanitizers(${target})
 endfunction()
 
-# keo_apply_sanitizers(<target>): the sanitizers of KEO_SANITIZE, halting on the first error.
+# keo_apply_sanitizers(<target>): the sanitizers of KEO_SANITIZE, halting on the first error, and
+# with KEO_BUILD_FUZZERS the coverage that guides libFuzzer.
 function(keo_apply_sanitizers target)
+    if(KEO_BUILD_FUZZERS)
+        target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+    endif()
     if(NOT KEO_SANITIZE)
         return()
     endif()
@@ -36,10 +40,13 @@ function(keo_add_library name)
     if(ARG_PUBLIC_DEPENDS)
         target_link_libraries(${name} PUBLIC ${ARG_PUBLIC_DEPENDS})
     endif()
+    # Installed, each library finds the kit's other libraries beside it, so that a program that
+    # links one (keoSource) loads the ones it needs (keoFeature) without naming them itself.
     set_target_properties(${name} PROPERTIES
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}
-        EXPORT_NAME ${name})
+        EXPORT_NAME ${name}
+        INSTALL_RPATH "$ORIGIN")
     keo_apply_settings(${name})
     set_property(GLOBAL APPEND PROPERTY KEO_LIBRARIES ${name})
 endfunction()

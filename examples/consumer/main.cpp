@@ -1,8 +1,9 @@
 // Uses the installed kit: converts a position, measures a distance, logs through a sink, prints a
-// small entity tree and draws it into a picture.
+// small entity tree and draws it into a picture, then styles a point read from GeoJSON text.
 #include <keoCommon.h>
 #include <keoData.h>
 #include <keoPicture.h>
+#include <keoSource.h>
 
 #include <cstdio>
 #include <memory>
@@ -60,5 +61,22 @@ int main() {
     }
     std::printf("picture: %ux%u, %zu entities drawn\n", picture.image.getWidth(),
                 picture.image.getHeight(), picture.report.drawn);
+
+    // A point read from GeoJSON text and coloured by a style sheet.
+    keo::Source::LoadReport report;
+    keo::Source::LoadOptions loadOptions;
+    loadOptions.styleSheet = keo::Source::StyleSheet::parse(
+        R"({"rules": [{"point": {"color": ["match", ["get", "kind"], "city", "red", "white"]}}]})",
+        report);
+    const auto source = keo::Source::VectorSource::loadText(
+        R"({"type": "Feature", "id": 1, "properties": {"kind": "city"},
+            "geometry": {"type": "Point", "coordinates": [2.3522, 48.8566]}})",
+        loadOptions, report);
+    const keo::Source::ResolvedStyle* style = source ? source->resolvedStyle(1) : nullptr;
+    if (style == nullptr || !style->point || style->point->color != keo::Color::RED) {
+        std::fprintf(stderr, "styling failed: %s\n", report.toText().c_str());
+        return 1;
+    }
+    std::printf("styled %zu feature(s) from GeoJSON\n", source->size());
     return 0;
 }

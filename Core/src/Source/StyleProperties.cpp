@@ -1,0 +1,216 @@
+#include "StyleProperties.h"
+
+#include "Common/Color.h"
+#include "Data/HeightReference.h"
+
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <string>
+
+namespace keo::Source::detail {
+
+namespace {
+
+using Kind = ResolvedMaterial::Kind;
+
+constexpr StaticType BOOLEAN = StaticType::Boolean;
+constexpr StaticType NUMBER = StaticType::Number;
+constexpr StaticType STRING = StaticType::String;
+constexpr StaticType COLOR = StaticType::Color;
+constexpr const char* A_BOOLEAN = "a boolean";
+constexpr const char* A_NUMBER = "a number";
+constexpr const char* A_STRING = "a string";
+constexpr const char* A_COLOR = "a color";
+constexpr const char* A_HEIGHT_REFERENCE = "a height reference name";
+constexpr const char* A_DASH_PATTERN = "a whole number from 0 to 65535";
+constexpr double DASH_PATTERN_MAX = 65535.0;
+constexpr std::uint16_t DEFAULT_DASH_PATTERN = 255;
+constexpr double DEFAULT_DASH_LENGTH = 16.0;
+
+const std::array<const char*, 7> HEIGHT_REFERENCE_NAMES{
+    "absolute",          "clampToGround",  "relativeToGround",  "clampToTerrain",
+    "relativeToTerrain", "clampTo3DTiles", "relativeTo3DTiles",
+};
+
+float toFloat(const Value& value) {
+    return static_cast<float>(value.asNumber());
+}
+
+bool storeHeightReference(ResolvedStyle& style, const Value& value) {
+    for (std::size_t i = 0; i < HEIGHT_REFERENCE_NAMES.size(); ++i) {
+        if (value.asString() == HEIGHT_REFERENCE_NAMES[i]) {
+            style.heightReference = static_cast<keo::HeightReference>(i);
+            return true;
+        }
+    }
+    return false;
+}
+
+bool dashPatternFits(const Value& value) {
+    const double pattern = value.asNumber();
+    return pattern >= 0.0 && pattern <= DASH_PATTERN_MAX && std::floor(pattern) == pattern;
+}
+
+// The material properties of a material of kind reached through Access.
+template <ResolvedMaterial& (*Access)(ResolvedStyle&)>
+const std::vector<PropertySpec>& materialProperties(Kind kind) {
+    static const std::vector<PropertySpec> SOLID{
+        {"color", COLOR, A_COLOR, Value(keo::Color::WHITE),
+         [](ResolvedStyle& s, const Value& v) { return Access(s).color = v.asColor(), true; }},
+    };
+    static const std::vector<PropertySpec> DASH{
+        SOLID[0],
+        {"gapColor", COLOR, A_COLOR, Value(keo::Color::TRANSPARENT),
+         [](ResolvedStyle& s, const Value& v) { return Access(s).gapColor = v.asColor(), true; }},
+        {"dashPattern", NUMBER, A_DASH_PATTERN, Value(static_cast<double>(DEFAULT_DASH_PATTERN)),
+         [](ResolvedStyle& s, const Value& v) {
+             if (!dashPatternFits(v)) {
+                 return false;
+             }
+             Access(s).dashPattern = static_cast<std::uint16_t>(v.asNumber());
+             return true;
+         }},
+        {"dashLength", NUMBER, A_NUMBER, Value(DEFAULT_DASH_LENGTH),
+         [](ResolvedStyle& s, const Value& v) { return Access(s).dashLength = toFloat(v), true; }},
+    };
+    return kind == Kind::Dash ? DASH : SOLID;
+}
+
+ResolvedMaterial& polylineMaterial(ResolvedStyle& style) {
+    return style.polyline->material;
+}
+
+ResolvedMaterial& polygonFill(ResolvedStyle& style) {
+    return style.polygon->fill;
+}
+
+ResolvedMaterial& extrusionMaterial(ResolvedStyle& style) {
+    return style.extrusion->material;
+}
+
+} // namespace
+
+const std::vector<PropertySpec>& ruleProperties() {
+    static const std::vector<PropertySpec> SPECS{
+        {"visible", BOOLEAN, A_BOOLEAN, Value(true),
+         [](ResolvedStyle& s, const Value& v) { return s.visible = v.asBoolean(), true; }},
+        {"heightReference", STRING, A_HEIGHT_REFERENCE, Value("absolute"), storeHeightReference},
+    };
+    return SPECS;
+}
+
+const std::vector<PropertySpec>& labelProperties() {
+    static const std::vector<PropertySpec> SPECS{
+        {"text", STRING, A_STRING, Value(""),
+         [](ResolvedStyle& s, const Value& v) { return s.label->text = v.asString(), true; }},
+        {"font", STRING, A_STRING, Value(""),
+         [](ResolvedStyle& s, const Value& v) { return s.label->font = v.asString(), true; }},
+        {"size", NUMBER, A_NUMBER, Value(12),
+         [](ResolvedStyle& s, const Value& v) { return s.label->size = toFloat(v), true; }},
+        {"color", COLOR, A_COLOR, Value(keo::Color::WHITE),
+         [](ResolvedStyle& s, const Value& v) { return s.label->color = v.asColor(), true; }},
+        {"outlineColor", COLOR, A_COLOR, Value(keo::Color::BLACK),
+         [](ResolvedStyle& s, const Value& v) {
+             return s.label->outlineColor = v.asColor(), true;
+         }},
+        {"outlineWidth", NUMBER, A_NUMBER, Value(1),
+         [](ResolvedStyle& s, const Value& v) { return s.label->outlineWidth = toFloat(v), true; }},
+    };
+    return SPECS;
+}
+
+const std::vector<PropertySpec>& labelOffsetProperties() {
+    static const std::vector<PropertySpec> SPECS{
+        {"0", NUMBER, A_NUMBER, Value(0),
+         [](ResolvedStyle& s, const Value& v) { return s.label->offset.x = toFloat(v), true; }},
+        {"1", NUMBER, A_NUMBER, Value(0),
+         [](ResolvedStyle& s, const Value& v) { return s.label->offset.y = toFloat(v), true; }},
+    };
+    return SPECS;
+}
+
+const std::vector<PropertySpec>& distanceProperties() {
+    static const std::vector<PropertySpec> SPECS{
+        {"0", NUMBER, A_NUMBER, Value(0),
+         [](ResolvedStyle& s, const Value& v) {
+             return s.distanceDisplayCondition->setNear(toFloat(v)), true;
+         }},
+        {"1", NUMBER, A_NUMBER, Value(static_cast<double>(std::numeric_limits<float>::max())),
+         [](ResolvedStyle& s, const Value& v) {
+             return s.distanceDisplayCondition->setFar(toFloat(v)), true;
+         }},
+    };
+    return SPECS;
+}
+
+const std::vector<PropertySpec>& pointProperties() {
+    static const std::vector<PropertySpec> SPECS{
+        {"color", COLOR, A_COLOR, Value(keo::Color::WHITE),
+         [](ResolvedStyle& s, const Value& v) { return s.point->color = v.asColor(), true; }},
+        {"size", NUMBER, A_NUMBER, Value(8),
+         [](ResolvedStyle& s, const Value& v) { return s.point->size = toFloat(v), true; }},
+        {"outlineColor", COLOR, A_COLOR, Value(keo::Color::BLACK),
+         [](ResolvedStyle& s, const Value& v) {
+             return s.point->outlineColor = v.asColor(), true;
+         }},
+        {"outlineWidth", NUMBER, A_NUMBER, Value(1),
+         [](ResolvedStyle& s, const Value& v) { return s.point->outlineWidth = toFloat(v), true; }},
+        {"image", STRING, A_STRING, Value(""),
+         [](ResolvedStyle& s, const Value& v) { return s.point->image = v.asString(), true; }},
+        {"imageScale", NUMBER, A_NUMBER, Value(1),
+         [](ResolvedStyle& s, const Value& v) { return s.point->imageScale = toFloat(v), true; }},
+    };
+    return SPECS;
+}
+
+const std::vector<PropertySpec>& polylineProperties() {
+    static const std::vector<PropertySpec> SPECS{
+        {"width", NUMBER, A_NUMBER, Value(2),
+         [](ResolvedStyle& s, const Value& v) { return s.polyline->width = toFloat(v), true; }},
+    };
+    return SPECS;
+}
+
+const std::vector<PropertySpec>& polygonProperties() {
+    static const std::vector<PropertySpec> SPECS{
+        {"filled", BOOLEAN, A_BOOLEAN, Value(true),
+         [](ResolvedStyle& s, const Value& v) { return s.polygon->filled = v.asBoolean(), true; }},
+        {"outline", BOOLEAN, A_BOOLEAN, Value(true),
+         [](ResolvedStyle& s, const Value& v) { return s.polygon->outline = v.asBoolean(), true; }},
+        {"outlineColor", COLOR, A_COLOR, Value(keo::Color::BLACK),
+         [](ResolvedStyle& s, const Value& v) {
+             return s.polygon->outlineColor = v.asColor(), true;
+         }},
+        {"outlineWidth", NUMBER, A_NUMBER, Value(1),
+         [](ResolvedStyle& s, const Value& v) {
+             return s.polygon->outlineWidth = toFloat(v), true;
+         }},
+    };
+    return SPECS;
+}
+
+const std::vector<PropertySpec>& extrusionProperties() {
+    static const std::vector<PropertySpec> SPECS{
+        {"height", NUMBER, A_NUMBER, Value(0),
+         [](ResolvedStyle& s, const Value& v) { return s.extrusion->height = v.asNumber(), true; }},
+        {"base", NUMBER, A_NUMBER, Value(0),
+         [](ResolvedStyle& s, const Value& v) { return s.extrusion->base = v.asNumber(), true; }},
+    };
+    return SPECS;
+}
+
+const std::vector<PropertySpec>& polylineMaterialProperties(Kind kind) {
+    return materialProperties<polylineMaterial>(kind);
+}
+
+const std::vector<PropertySpec>& polygonFillProperties(Kind kind) {
+    return materialProperties<polygonFill>(kind);
+}
+
+const std::vector<PropertySpec>& extrusionMaterialProperties(Kind kind) {
+    return materialProperties<extrusionMaterial>(kind);
+}
+
+} // namespace keo::Source::detail

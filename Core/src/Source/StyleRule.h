@@ -1,0 +1,70 @@
+#pragma once
+
+#include "Node.h"
+#include "SlotSet.h"
+
+#include "Source/ResolvedMaterial.h"
+#include "Source/ResolvedStyle.h"
+#include "Source/Value.h"
+
+#include <optional>
+#include <vector>
+
+namespace keo::Source::detail {
+
+/**
+ * @brief Stores a value (already of the property's type) into its field of a resolved style;
+ * false when the value does not fit the field (an unknown height reference name, a dash pattern
+ * outside 16 bits), which the caller treats as a value of the wrong type.
+ */
+using Store = bool (*)(ResolvedStyle& style, const Value& value);
+
+/** @brief One value of a rule compiled: its expression, type, default, the slots it reads. */
+struct CompiledProperty {
+    /** @brief The expression (a constant node for a constant). */
+    Node node;
+    /** @brief The type the value must have. */
+    StaticType type = StaticType::Any;
+    /** @brief What the value expects, for messages ("a number", "a height reference name"). */
+    const char* expectation = "";
+    /** @brief The default, stored when the value is null or of the wrong type. */
+    Value fallback;
+    /** @brief Where the value goes in the resolved style. */
+    Store store = nullptr;
+    /** @brief The attribute slots the expression reads. */
+    SlotSet slots;
+};
+
+/** @brief The style a rule gives one kind: present or not, its values, its material kind. */
+struct KindStyle {
+    /** @brief Whether the rule gives this kind a style. */
+    bool present = false;
+    /** @brief The kind of its material (fill or line), fixed by the sheet. */
+    ResolvedMaterial::Kind materialKind = ResolvedMaterial::Kind::Solid;
+    /** @brief Its values. */
+    std::vector<CompiledProperty> properties;
+};
+
+/** @brief One rule of a sheet compiled. */
+struct CompiledRule {
+    /** @brief The filter, or empty for a rule that matches every record of its kinds. */
+    std::optional<Node> filter;
+    /** @brief The slots the filter reads. */
+    SlotSet filterSlots;
+    /** @brief Whether the rule gives a label. */
+    bool hasLabel = false;
+    /** @brief Whether the rule gives a distance display condition. */
+    bool hasDistanceDisplayCondition = false;
+    /** @brief The values of every kind: visibility, distance, height reference, label. */
+    std::vector<CompiledProperty> common;
+    /** @brief The point style. */
+    KindStyle point;
+    /** @brief The line style. */
+    KindStyle polyline;
+    /** @brief The flat polygon style. */
+    KindStyle polygon;
+    /** @brief The extrusion style. */
+    KindStyle extrusion;
+};
+
+} // namespace keo::Source::detail
