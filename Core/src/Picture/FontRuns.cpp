@@ -36,8 +36,9 @@ std::vector<FontRuns::Run> FontRuns::split(const std::string& family, const std:
         int length = 0;
         const FcChar32 character = decode(text, at, length);
         // Spaces and other characters every font has stay in the run they are in.
-        std::string runFamily = runs.empty() || character > 0x20 ? familyFor(fonts, character, family)
-                                                                 : runs.back().family;
+        std::string runFamily = runs.empty() || character > 0x20
+                                    ? familyFor(fonts, character, family)
+                                    : runs.back().family;
         if (runs.empty() || runs.back().family != runFamily) {
             runs.push_back(Run{std::move(runFamily), {}});
         }

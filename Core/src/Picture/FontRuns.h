@@ -40,7 +40,8 @@ private:
     // The family's fonts in order of preference (empty when fontconfig knows none).
     const FcFontSet* fontsOf(const std::string& family);
     // The family of the first of @p fonts that has @p character, or @p family when none has it.
-    static std::string familyFor(const FcFontSet* fonts, FcChar32 character, const std::string& family);
+    static std::string familyFor(const FcFontSet* fonts, FcChar32 character,
+                                 const std::string& family);
 
     std::unordered_map<std::string, FontSetHandle> fonts_;
 };
