@@ -3,6 +3,7 @@
 #include "ChildEntity.h"
 #include "Data/Entity.h"
 #include "Feature/Geometry.h"
+#include "Feature/MultiGeometry.h"
 #include "Feature/Style.h"
 #include "FeatureLog.h"
 #include "FixedSites.h"
@@ -55,9 +56,19 @@ void checkKinds(const Geometry* geometry, const Style* style, const detail::Sour
 }
 
 // Whether a feature must throw its old graphics away when its geometry changes from @p before to
-// @p after: when either is missing or their kinds differ.
+// @p after: when either is missing or their kinds differ; two multi geometries differ when their
+// components do (an empty one counts as kind Base).
 bool geometryKindChanged(const Geometry* before, const Geometry* after) noexcept {
-    return before == nullptr || after == nullptr || before->getType() != after->getType();
+    if (before == nullptr || after == nullptr || before->getType() != after->getType()) {
+        return true;
+    }
+    if (before->getType() != Geometry::Type::Multi) {
+        return false;
+    }
+    const auto* const multiBefore = dynamic_cast<const MultiGeometry*>(before);
+    const auto* const multiAfter = dynamic_cast<const MultiGeometry*>(after);
+    return multiBefore == nullptr || multiAfter == nullptr ||
+           multiBefore->getComponentType() != multiAfter->getComponentType();
 }
 
 // Visits @p root and its descendants, depth first (pre-order), without recursion.

@@ -43,4 +43,37 @@ constexpr std::optional<DrapeRule> drapeRule(HeightReference heightReference) no
     return std::nullopt;
 }
 
+/** @brief The kinds of graphics whose warning for a downgraded height reference names them. */
+enum class DrapedKind { Polyline, Polygon, Rectangle };
+
+/**
+ * @brief The warning logged when a @p kind is given the relative @p heightReference and drawn
+ * with the matching clamped one (ellipses use the polygon's words); null for any other value.
+ */
+constexpr const char* downgradeWarning(DrapedKind kind, HeightReference heightReference) noexcept {
+    // Rows: polyline, polygon, rectangle; columns: relative to ground, terrain, 3D Tiles.
+    constexpr const char* WARNINGS[3][3] = {
+        {"折线不支持相对于地表的高度参考，改为使用贴合地表的高度参考。",
+         "折线不支持相对于地形的高度参考，改为使用贴合地形的高度参考。",
+         "折线不支持相对于3DTiles的高度参考，改为使用贴合3DTiles的高度参考。"},
+        {"多边形不支持相对于地表的高度参考，改为使用贴合地表的高度参考。",
+         "多边形不支持相对于地形的高度参考，改为使用贴合地形的高度参考。",
+         "多边形不支持相对于3DTiles的高度参考，改为使用贴合3DTiles的高度参考。"},
+        {"矩形不支持相对于地表的高度参考，改为使用贴合地表的高度参考。",
+         "矩形不支持相对于地形的高度参考，改为使用贴合地形的高度参考。",
+         "矩形不支持相对于3DTiles的高度参考，改为使用贴合3DTiles的高度参考。"},
+    };
+    const auto row = static_cast<int>(kind);
+    switch (heightReference) {
+    case HeightReference::RelativeToGround:
+        return WARNINGS[row][0];
+    case HeightReference::RelativeToTerrain:
+        return WARNINGS[row][1];
+    case HeightReference::RelativeTo3DTiles:
+        return WARNINGS[row][2];
+    default:
+        return nullptr;
+    }
+}
+
 } // namespace keo::Feature::detail

@@ -418,13 +418,8 @@ void applyAreaHeightReference(Entity& entity, HeightReference heightReference) {
         return;
     }
     if (rule->downgraded) {
-        const char* message =
-            heightReference == HeightReference::RelativeToGround
-                ? "多边形不支持相对于地表的高度参考，改为使用贴合地表的高度参考。"
-            : heightReference == HeightReference::RelativeToTerrain
-                ? "多边形不支持相对于地形的高度参考，改为使用贴合地形的高度参考。"
-                : "多边形不支持相对于3DTiles的高度参考，改为使用贴合3DTiles的高度参考。";
-        detail::logWarning(KEO_FEATURE_SITE("PolygonGeometry::_updateStyle"), message);
+        detail::logWarning(KEO_FEATURE_SITE("PolygonGeometry::_updateStyle"),
+                           detail::downgradeWarning(detail::DrapedKind::Polygon, heightReference));
     }
     area->setClassificationType(rule->classification);
     area->setPerPositionHeight(!rule->clamped);

@@ -193,13 +193,8 @@ void setPolylineHeightReference(Entity& entity, HeightReference heightReference)
         return;
     }
     if (rule->downgraded) {
-        const char* message =
-            heightReference == HeightReference::RelativeToGround
-                ? "折线不支持相对于地表的高度参考，改为使用贴合地表的高度参考。"
-            : heightReference == HeightReference::RelativeToTerrain
-                ? "折线不支持相对于地形的高度参考，改为使用贴合地形的高度参考。"
-                : "折线不支持相对于3DTiles的高度参考，改为使用贴合3DTiles的高度参考。";
-        detail::logWarning(KEO_FEATURE_SITE("setPolylineHeightReference"), message);
+        detail::logWarning(KEO_FEATURE_SITE("setPolylineHeightReference"),
+                           detail::downgradeWarning(detail::DrapedKind::Polyline, heightReference));
     }
     graphics->setClampToGround(rule->clamped);
     graphics->setClassificationType(rule->classification);
