@@ -89,17 +89,6 @@ std::shared_ptr<LabelSymbol> makeLabelWithHintLine() {
     return label;
 }
 
-// Puts geometry and style on a new feature with the given id and name.
-SceneFeature assemble(std::uint64_t id, const std::string& name,
-                      std::shared_ptr<Feature::Geometry> geometry,
-                      std::shared_ptr<Feature::Style> style) {
-    auto feature = std::make_shared<Feature::Feature>(id);
-    feature->setName(name);
-    feature->setGeometry(std::move(geometry));
-    feature->setStyle(style);
-    return SceneFeature{std::move(feature), std::move(style)};
-}
-
 SceneFeature makePin(std::uint64_t id, const std::string& name) {
     auto feature =
         assemble(id, name, std::make_shared<PointGeometry>(spot(0.01, 0.0, 0.0)), makePinStyle());
@@ -192,6 +181,16 @@ SceneFeature makeDrone(std::uint64_t id, const std::string& name) {
 
 } // namespace
 
+SceneFeature assemble(std::uint64_t id, const std::string& name,
+                      std::shared_ptr<Feature::Geometry> geometry,
+                      std::shared_ptr<Feature::Style> style) {
+    auto feature = std::make_shared<Feature::Feature>(id);
+    feature->setName(name);
+    feature->setGeometry(std::move(geometry));
+    feature->setStyle(style);
+    return SceneFeature{std::move(feature), std::move(style)};
+}
+
 SceneFeature makeMarker(std::uint64_t id, const std::string& name) {
     auto style = std::make_shared<PointStyle>();
     auto dot = std::make_shared<PointSymbol>();
@@ -249,6 +248,11 @@ const std::vector<SampleEntry>& sampleEntries() {
         {"areas", "Tower block", &makeTowerBlock},
         {"areas", "Plaza", &makePlaza},
         {"areas", "Field", &makeField},
+        {"shapes", "Stadium", &makeStadium},
+        {"shapes", "Search area", &makeSearchArea},
+        {"multi", "Fleet", &makeFleet},
+        {"multi", "River", &makeRiver},
+        {"multi", "Islands", &makeIslands},
     };
     return entries;
 }

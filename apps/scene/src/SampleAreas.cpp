@@ -60,11 +60,7 @@ std::shared_ptr<Feature::LabelSymbol> areaLabel() {
 
 SceneFeature assembleArea(std::uint64_t id, const std::string& name, const Hierarchy& hierarchy,
                           std::shared_ptr<PolygonStyle> style) {
-    auto feature = std::make_shared<Feature::Feature>(id);
-    feature->setName(name);
-    feature->setGeometry(std::make_shared<PolygonGeometry>(hierarchy));
-    feature->setStyle(style);
-    return SceneFeature{std::move(feature), std::move(style)};
+    return assemble(id, name, std::make_shared<PolygonGeometry>(hierarchy), std::move(style));
 }
 
 Hierarchy outerOnly(std::vector<Cartographic> positions) {

@@ -49,11 +49,8 @@ std::shared_ptr<LineSymbol> lineOf(std::shared_ptr<Feature::Material> material, 
 SceneFeature assembleLine(std::uint64_t id, const std::string& name,
                           std::vector<Cartographic> positions,
                           std::shared_ptr<PolylineStyle> style) {
-    auto feature = std::make_shared<Feature::Feature>(id);
-    feature->setName(name);
-    feature->setGeometry(std::make_shared<PolylineGeometry>(std::move(positions)));
-    feature->setStyle(style);
-    return SceneFeature{std::move(feature), std::move(style)};
+    return assemble(id, name, std::make_shared<PolylineGeometry>(std::move(positions)),
+                    std::move(style));
 }
 
 } // namespace
