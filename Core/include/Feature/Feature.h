@@ -206,6 +206,23 @@ public:
      *        reported as added again (for a rendering side that dropped them).
      */
     void _updateEntityInCull(bool addAgain);
+    /**
+     * @brief `_updateEntityInCull(addAgain)`, then the two lists taken into @p added and
+     * @p removed (which must be empty; they get the lists' contents), all under one lock. Returns
+     * whether the update rebuilt the entities (they were not ready, see `_isEntityReady`).
+     */
+    bool _updateEntityInCull(bool addAgain, std::vector<std::shared_ptr<Entity>>& added,
+                             std::vector<std::shared_ptr<Entity>>& removed);
+
+    /** @brief The frame driver whose record the feature holds, or null (the driver's own use). */
+    const void* _getFrameOwner() const noexcept { return frameOwner_; }
+    /** @brief The record the owning frame driver keeps of this feature (the driver's own use). */
+    void* _getFrameRecord() const noexcept { return frameRecord_; }
+    /** @brief Stores @p owner's @p record of this feature; null, null clears it. */
+    void _setFrameRecord(const void* owner, void* record) noexcept {
+        frameOwner_ = owner;
+        frameRecord_ = record;
+    }
 
     /** @brief Adds a listener to the definition-changed event; returns its handle. */
     std::weak_ptr<FunctionWrapper>
@@ -237,6 +254,8 @@ private:
     void markAttributeChanged() noexcept;
     void copyContentFrom(const Feature& other);
     void tearDownChildren();
+    // The update itself, under the lock; returns whether it rebuilt the entities.
+    bool updateLocked(bool addAgain);
 
     std::shared_ptr<Geometry> geometry_;
     std::shared_ptr<Style> style_;
@@ -264,6 +283,9 @@ private:
     Publisher<std::function<void(Feature*)>> definitionChanged_;
     detail::SubscriptionPair geometrySubscription_;
     detail::SubscriptionPair styleSubscription_;
+    // Kept by the frame driver that draws the feature; not copied.
+    const void* frameOwner_ = nullptr;
+    void* frameRecord_ = nullptr;
 };
 
 } // namespace keo::Feature
