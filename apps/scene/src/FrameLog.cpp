@@ -81,6 +81,7 @@ void writeStrings(JsonWriter& json, const char* name, const std::vector<std::str
 } // namespace
 
 std::string frameLogJson(const std::string& mode, const std::vector<FrameRecord>& frames,
+                         const std::vector<ScalePhase>& phases, std::size_t logRecords,
                          const Scene& scene, double time) {
     JsonWriter json;
     json.beginObject();
@@ -105,6 +106,29 @@ std::string frameLogJson(const std::string& mode, const std::vector<FrameRecord>
         json.endObject();
     }
     json.endArray();
+    if (!phases.empty()) {
+        json.key("phases");
+        json.beginArray();
+        for (const ScalePhase& phase : phases) {
+            json.beginObject();
+            json.key("name");
+            json.value(phase.name);
+            json.key("features");
+            json.value(static_cast<std::uint64_t>(phase.features));
+            json.key("entities");
+            json.value(static_cast<std::uint64_t>(phase.entities));
+            json.key("seconds");
+            json.value(phase.seconds);
+            json.key("featuresPerSecond");
+            json.value(phase.featureRate());
+            json.key("entitiesPerSecond");
+            json.value(phase.entityRate());
+            json.endObject();
+        }
+        json.endArray();
+    }
+    json.key("logRecords");
+    json.value(static_cast<std::uint64_t>(logRecords));
     json.key("time");
     json.value(time);
     json.key("features");
