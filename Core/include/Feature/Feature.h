@@ -16,7 +16,6 @@
 #include <mutex>
 #include <optional>
 #include <string>
-#include <type_traits>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -272,10 +271,10 @@ public:
     _addDefinitionChangedEventListener(std::function<void(Feature*)>&& callback);
     /**
      * @brief Adds the callable @p callback, stored as it is (no std::function around it), to the
-     * definition-changed event; returns its handle.
+     * definition-changed event; returns its handle. A callable that cannot be called as
+     * void(Feature*) does not compile: one static_assert says so.
      */
-    template <typename Function,
-              typename = std::enable_if_t<std::is_invocable_v<std::decay_t<Function>&, Feature*>>>
+    template <typename Function>
     std::weak_ptr<FunctionWrapper> _addDefinitionChangedEventListener(Function&& callback) {
         return definitionChanged_.addEventListener(std::forward<Function>(callback));
     }

@@ -4,12 +4,14 @@
 #include "Feature/FeatureExport.h"
 #include "Feature/FunctionWrapper.h"
 #include "Feature/Publisher.h"
+#include "Feature/detail/ListenerCheck.h"
 
 #include <cstdint>
 #include <functional>
 #include <list>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace keo {
@@ -37,10 +39,11 @@ class Feature;
 class KEO_FEATURE_API FeatureGroup final : public FeatureBase,
                                            public std::enable_shared_from_this<FeatureGroup> {
 public:
+    /** @brief The signature of the added-or-removed event's listeners: (added, removed). */
+    using AddedOrRemovedSignature = void(const std::vector<std::shared_ptr<Feature>>&,
+                                         const std::vector<std::shared_ptr<Feature>>&);
     /** @brief The listener type of the added-or-removed event: (features added, removed). */
-    using AddedOrRemovedCallback =
-        std::function<void(const std::vector<std::shared_ptr<Feature>>&,
-                           const std::vector<std::shared_ptr<Feature>>&)>;
+    using AddedOrRemovedCallback = std::function<AddedOrRemovedSignature>;
 
     /** @brief An empty group with the id @p id (a fresh random id when empty). */
     explicit FeatureGroup(std::optional<std::uint64_t> id = std::nullopt);
@@ -143,6 +146,21 @@ public:
      */
     std::weak_ptr<FunctionWrapper>
     _addFeatureAddedOrRemovedEventListener(AddedOrRemovedCallback&& callback);
+    /**
+     * @brief Adds any other callable of the listener signature (a lambda, a function pointer, a
+     * std::function lvalue), wrapped in an AddedOrRemovedCallback, as the overload above does. A
+     * callable of the wrong signature does not compile: one static_assert says so.
+     */
+    template <typename Function>
+    std::weak_ptr<FunctionWrapper> _addFeatureAddedOrRemovedEventListener(Function&& callback) {
+        if constexpr (!detail::IS_LISTENER<AddedOrRemovedSignature, Function>) {
+            detail::refuseListener<AddedOrRemovedSignature>();
+            return {};
+        } else {
+            return _addFeatureAddedOrRemovedEventListener(
+                AddedOrRemovedCallback(std::forward<Function>(callback)));
+        }
+    }
     /** @brief Raises the added-or-removed event with @p added and @p removed. */
     void _raiseFeatureAddedOrRemovedEvent(const std::vector<std::shared_ptr<Feature>>& added,
                                           const std::vector<std::shared_ptr<Feature>>& removed);
