@@ -69,6 +69,11 @@ void writeCounts(JsonWriter& json, const FrameRecord& record) {
     json.endObject();
 }
 
+// How the dumps name the feature an entity tree belongs to.
+EntityOwner ownerOf(const Feature::FeatureBase& feature) {
+    return EntityOwner{"feature", feature.getId(), feature.getName()};
+}
+
 void writeStrings(JsonWriter& json, const char* name, const std::vector<std::string>& texts) {
     json.key(name);
     json.beginArray();
@@ -143,7 +148,8 @@ std::string frameLogJson(const std::string& mode, const std::vector<FrameRecord>
         json.value(scene.groupNameOf(*feature));
         json.key("entities");
         if (const Entity* root = static_cast<const Feature::Feature&>(*feature)._getImplHandle()) {
-            json.rawValue(SceneDump::toJson(*root, TimePoint::fromSeconds(time)));
+            json.rawValue(
+                SceneDump::toJson(*root, TimePoint::fromSeconds(time), ownerOf(*feature)));
         } else {
             json.rawValue("null");
         }
@@ -160,7 +166,7 @@ std::string entityTreesText(const Scene& scene, double time) {
         text += "\nfeature " + std::to_string(feature->getId()) + " \"" + feature->getName() +
                 "\" in group \"" + scene.groupNameOf(*feature) + "\"\n";
         if (const Entity* root = static_cast<const Feature::Feature&>(*feature)._getImplHandle()) {
-            text += SceneDump::toText(*root, TimePoint::fromSeconds(time));
+            text += SceneDump::toText(*root, TimePoint::fromSeconds(time), ownerOf(*feature));
         } else {
             text += "no entities yet\n";
         }
