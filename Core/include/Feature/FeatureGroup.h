@@ -154,7 +154,7 @@ public:
     template <typename Function>
     std::weak_ptr<FunctionWrapper> _addFeatureAddedOrRemovedEventListener(Function&& callback) {
         if constexpr (!detail::IS_LISTENER<AddedOrRemovedSignature, Function>) {
-            detail::refuseListener<AddedOrRemovedSignature>();
+            detail::refuseListener<AddedOrRemovedSignature, Function>();
             return {};
         } else {
             return _addFeatureAddedOrRemovedEventListener(

@@ -84,7 +84,7 @@ public:
     template <typename Function>
     std::weak_ptr<FunctionWrapper> addEventListener(Function&& callback) {
         if constexpr (!detail::IS_LISTENER<void(Args...), Function>) {
-            detail::refuseListener<void(Args...)>();
+            detail::refuseListener<void(Args...), Function>();
             return {};
         } else if constexpr (std::is_invocable_v<std::decay_t<Function>&, Args...>) {
             return append<std::decay_t<Function>>(std::forward<Function>(callback));

@@ -94,11 +94,14 @@ inline constexpr bool IS_LISTENER = IsListener<Function, Signature>::value;
  * `addEventListener` / `_add...EventListener` calls it in the branch of an `if constexpr
  * (!IS_LISTENER<...>)` that does nothing else, so a refused callable gets that one message and
  * no further error from the code that would store it; for a valid callable the branch is
- * discarded and nothing of the check is left in the program.
+ * discarded and nothing of the check is left in the program. The call names the refused
+ * @p Function so that it depends on the caller's template argument: a call that did not would be
+ * instantiated (and fail) even in the discarded branch by compilers that instantiate constexpr
+ * functions eagerly.
  */
-template <typename Signature>
+template <typename Signature, typename Function>
 constexpr void refuseListener() noexcept {
-    static_cast<void>(ListenerRule<Signature, false>{});
+    static_cast<void>(ListenerRule<Signature, IS_LISTENER<Signature, Function>>{});
 }
 
 } // namespace detail
