@@ -3,15 +3,11 @@
 // over the same features (update, then take both lists) for comparison, and a frame after one
 // feature in a hundred was moved.
 
-#include "Common/Cartographic.h"
-#include "Common/Color.h"
 #include "Feature/Feature.h"
 #include "Feature/FeatureGroup.h"
 #include "Feature/FrameDriver.h"
-#include "Feature/LabelSymbol.h"
 #include "Feature/PointGeometry.h"
-#include "Feature/PointStyle.h"
-#include "Feature/PointSymbol.h"
+#include "PointFeatures.h"
 
 #include <benchmark/benchmark.h>
 
@@ -23,7 +19,7 @@
 
 namespace {
 
-using keo::Cartographic;
+using keo::bench::gridPlace;
 using keo::Feature::Feature;
 using keo::Feature::FeatureGroup;
 using keo::Feature::FrameDriver;
@@ -31,12 +27,6 @@ using keo::Feature::PointGeometry;
 
 constexpr std::size_t FEATURES = 100000;
 constexpr std::size_t GROUPS = 10;
-
-Cartographic placeOf(std::size_t index, double shift = 0.0) {
-    const double column = static_cast<double>(index % 1000);
-    const double row = static_cast<double>(index / 1000);
-    return Cartographic::fromDegrees(100.0 + column * 0.001 + shift, 30.0 + row * 0.001, 10.0);
-}
 
 struct Scene {
     Scene() {
@@ -46,13 +36,8 @@ struct Scene {
             groups.push_back(std::move(group));
         }
         for (std::size_t i = 0; i < FEATURES; ++i) {
-            auto style = std::make_shared<keo::Feature::PointStyle>();
-            auto dot = std::make_shared<keo::Feature::PointSymbol>();
-            dot->setPixelSize(8.0f);
-            dot->setColor(keo::Color::RED);
-            style->setPointSymbol(std::move(dot));
-            style->setLabelSymbol(std::make_shared<keo::Feature::LabelSymbol>());
-            auto geometry = std::make_shared<PointGeometry>(placeOf(i));
+            auto style = keo::bench::makeDotAndLabelStyle();
+            auto geometry = std::make_shared<PointGeometry>(gridPlace(i));
             auto feature = std::make_shared<Feature>(std::uint64_t{i + 1});
             feature->setName("point " + std::to_string(i));
             feature->setGeometry(geometry);
@@ -114,7 +99,7 @@ void BM_FrameAfterOneInAHundredMoved(benchmark::State& state) {
         state.PauseTiming();
         shift += 1e-6;
         for (std::size_t i = 0; i < FEATURES; i += 100) {
-            scene.geometries[i]->setPosition(placeOf(i, shift));
+            scene.geometries[i]->setPosition(gridPlace(i, shift));
         }
         state.ResumeTiming();
         benchmark::DoNotOptimize(driver.frame());

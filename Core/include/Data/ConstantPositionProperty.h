@@ -47,7 +47,9 @@ public:
     ReferenceFrame getReferenceFrame() const noexcept override { return frame_; }
 
 private:
-    std::optional<Vector3<double>> value_;
+    // The point, when finite (an optional would add a padded flag: the two below share a word).
+    Vector3<double> value_;
+    bool hasValue_ = false;
     ReferenceFrame frame_ = ReferenceFrame::Fixed;
 };
 

@@ -89,14 +89,12 @@ public:
     /** @brief Sets the position property; null removes the position. */
     void setPosition(std::shared_ptr<PositionProperty> position) noexcept;
     /** @brief The orientation property, or null when the entity has no orientation. */
-    const std::shared_ptr<OrientationProperty>& getOrientation() const noexcept {
-        return orientation_;
-    }
+    const std::shared_ptr<OrientationProperty>& getOrientation() const noexcept;
     /**
      * @brief Sets the orientation property; null means no orientation (the renderer then uses
      * the local east-north-up frame at the position).
      */
-    void setOrientation(std::shared_ptr<OrientationProperty> orientation) noexcept;
+    void setOrientation(std::shared_ptr<OrientationProperty> orientation);
 
     /** @brief The graphics component, or null when the entity draws nothing itself. */
     const std::shared_ptr<GeometryGraphics>& getGeometryGraphics() const noexcept {
@@ -112,7 +110,8 @@ private:
     Entity* parent_ = nullptr;
     std::vector<std::shared_ptr<Entity>> children_;
     std::shared_ptr<PositionProperty> position_;
-    std::shared_ptr<OrientationProperty> orientation_;
+    // Held apart, made when an orientation is first set: only models and particle systems turn.
+    std::unique_ptr<std::shared_ptr<OrientationProperty>> orientation_;
     std::shared_ptr<GeometryGraphics> graphics_;
     bool show_ = true;
     bool asynchronous_ = true;

@@ -73,9 +73,9 @@ public:
     GeometryGraphics& operator=(const GeometryGraphics&) = delete;
 
     /** @brief The kind of this graphics component. */
-    Type getType() const noexcept { return type_; }
+    Type getType() const noexcept { return common_.type; }
     /** @brief The class name of the kind, e.g. "PolylineGraphics". */
-    const char* getTypeName() const noexcept { return typeName(type_); }
+    const char* getTypeName() const noexcept { return typeName(common_.type); }
     /** @brief The class name of a kind; "GeometryGraphics" for a value outside the enumeration. */
     static const char* typeName(Type type) noexcept;
 
@@ -85,12 +85,12 @@ public:
      */
     template <typename T>
     T* as() noexcept {
-        return T::isKindOf(type_) ? static_cast<T*>(this) : nullptr;
+        return T::isKindOf(common_.type) ? static_cast<T*>(this) : nullptr;
     }
     /** @brief This graphics as the kind @p T, or null when it is of another kind. */
     template <typename T>
     const T* as() const noexcept {
-        return T::isKindOf(type_) ? static_cast<const T*>(this) : nullptr;
+        return T::isKindOf(common_.type) ? static_cast<const T*>(this) : nullptr;
     }
 
     /** @brief Whether the graphics is drawn (default true). */
@@ -146,8 +146,18 @@ protected:
     GeometryGraphics(Type type, const CommonOptions& options);
 
 private:
-    Type type_;
-    CommonOptions common_;
+    // The common fields and the kind, ordered to leave no padding.
+    struct Common {
+        std::shared_ptr<MaterialProperty> material;
+        std::optional<DistanceDisplayCondition> distanceDisplayCondition;
+        std::optional<ClassificationType> classificationType;
+        Type type;
+        bool show;
+        ShadowMode shadows;
+        HeightReference heightReference;
+    };
+
+    Common common_;
 };
 
 } // namespace keo

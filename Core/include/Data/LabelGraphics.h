@@ -10,6 +10,7 @@
 #include "Data/LabelStyle.h"
 #include "Data/VerticalOrigin.h"
 
+#include <memory>
 #include <string>
 
 namespace keo {
@@ -110,22 +111,20 @@ public:
     /** @brief Draws the background box, or not. */
     void setShowBackground(bool show) noexcept { fields_.showBackground = show; }
     /** @brief The background colour (default dark grey, 80 % opaque). */
-    const Color& getBackgroundColor() const noexcept { return fields_.backgroundColor; }
+    const Color& getBackgroundColor() const noexcept { return background().color; }
     /** @brief Sets the background colour (stored as given). */
-    void setBackgroundColor(const Color& color) noexcept { fields_.backgroundColor = color; }
+    void setBackgroundColor(const Color& color);
     /** @brief The background padding, pixels (default (7, 5, 7, 5)). */
-    const Vector4<float>& getBackgroundPadding() const noexcept {
-        return fields_.backgroundPadding;
-    }
+    const Vector4<float>& getBackgroundPadding() const noexcept { return background().padding; }
     /**
      * @brief Sets the background padding (left, top, right, bottom), pixels; a padding with a NaN
      * is ignored, negative components become 0.
      */
-    void setBackgroundPadding(const Vector4<float>& padding) noexcept;
+    void setBackgroundPadding(const Vector4<float>& padding);
     /** @brief The background image (default an empty URI: none). */
-    const ImageSource& getBackgroundImage() const noexcept { return fields_.backgroundImage; }
+    const ImageSource& getBackgroundImage() const noexcept { return background().image; }
     /** @brief Sets the background image: a URI or a decoded image (shared with the caller). */
-    void setBackgroundImage(ImageSource image) noexcept;
+    void setBackgroundImage(ImageSource image);
     /** @brief The pixel offset (default (0, 0)). */
     const Vector2<float>& getPixelOffset() const noexcept { return fields_.pixelOffset; }
     /** @brief Sets the pixel offset (x right, y up); an offset with a NaN is ignored. */
@@ -151,7 +150,36 @@ public:
     void describe(FieldList& fields, const TimePoint& time) const override;
 
 private:
-    Fields fields_;
+    // The background box's look: held apart and made when a value other than the default is
+    // first set, since most labels never show a box.
+    struct Background {
+        Color color = Fields().backgroundColor;
+        Vector4<float> padding = Fields().backgroundPadding;
+        ImageSource image;
+    };
+    // The label's fields but the background's look, ordered to leave no padding.
+    struct Stored {
+        std::string text;
+        std::string font = Fields().font;
+        Color fillColor = Fields().fillColor;
+        Color outlineColor = Fields().outlineColor;
+        float fontSize = Fields().fontSize;
+        float scale = Fields().scale;
+        float outlineWidth = Fields().outlineWidth;
+        Vector2<float> pixelOffset;
+        LabelStyle style = LabelStyle::Fill;
+        HorizontalOrigin horizontalOrigin = HorizontalOrigin::Center;
+        VerticalOrigin verticalOrigin = VerticalOrigin::Center;
+        bool showBackground = false;
+        bool avoidance = true;
+        bool overlay = false;
+    };
+
+    const Background& background() const noexcept;
+    Background& ownBackground();
+
+    Stored fields_;
+    std::unique_ptr<Background> background_;
 };
 
 } // namespace keo

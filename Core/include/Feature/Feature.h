@@ -8,12 +8,12 @@
 #include "Feature/FeatureExport.h"
 #include "Feature/FunctionWrapper.h"
 #include "Feature/Publisher.h"
+#include "Feature/detail/RecursiveSpinLock.h"
 #include "Feature/detail/SubscriptionPair.h"
 
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -40,8 +40,9 @@ class Style;
  * records the entities that were created and dropped, which the rendering side takes with
  * `_takeAddedEntities` and `_takeRemovedEntities`.
  *
- * Locking: each feature owns a recursive mutex. Setters that touch rendering state hold it around
- * the change and release it before raising events; an edit of the geometry or the style (or
+ * Locking: each feature owns a recursive lock (8 bytes: it spins briefly, then yields the thread
+ * and at last sleeps while another thread holds it). Setters that touch rendering state hold it
+ * around the change and release it before raising events; an edit of the geometry or the style (or
  * anything they hold) holds it for the length of the edit through their changed-lock events; and
  * `_updateEntityInCull` holds it while it rebuilds. So edits on one thread and the frame update on
  * another never interleave. The attribute operations, setUserDefinedAttribute and
@@ -168,21 +169,19 @@ public:
     void setHighlight(bool highlight);
 
     /** @brief Free text for the application's own use. */
-    const std::string& getUserDefinedAttribute() const noexcept { return userDefinedAttribute_; }
+    const std::string& getUserDefinedAttribute() const noexcept;
     /** @brief Sets the free text; records ContentChanged by the change rule. No lock, no event. */
     void setUserDefinedAttribute(const std::string& value);
 
     /** @brief Paths of files attached to the feature. */
-    const std::vector<std::string>& getAttachmentFiles() const noexcept { return attachmentFiles_; }
+    const std::vector<std::string>& getAttachmentFiles() const noexcept;
     /** @brief Replaces the attached files; no event, no change recorded. */
-    void setAttachmentFiles(const std::vector<std::string>& files) { attachmentFiles_ = files; }
+    void setAttachmentFiles(const std::vector<std::string>& files);
     /** @brief Replaces the attached files; no event, no change recorded. */
-    void setAttachmentFiles(std::vector<std::string>&& files) noexcept {
-        attachmentFiles_ = std::move(files);
-    }
+    void setAttachmentFiles(std::vector<std::string>&& files);
 
     /** @brief The text of the label; empty: the label shows the name. */
-    const std::string& getLabelText() const noexcept { return labelText_; }
+    const std::string& getLabelText() const noexcept;
     /**
      * @brief Sets the label text; an equal text changes nothing, another is stored under the lock
      * and the feature is marked for a style update.
@@ -202,9 +201,9 @@ public:
     void setDistanceDisplayCondition(const std::optional<DistanceDisplayCondition>& condition);
 
     /** @brief The data source the feature was read from, or null (non-owning). */
-    const DataSource* _getOriginDataSource() const noexcept { return originDataSource_; }
+    const DataSource* _getOriginDataSource() const noexcept;
     /** @brief Records the data source the feature was read from (non-owning). */
-    void _setOriginDataSource(const DataSource* source) noexcept { originDataSource_ = source; }
+    void _setOriginDataSource(const DataSource* source);
 
     /** @brief Whether the entities are drawn once ready rather than within a frame (default). */
     bool _isAsynchronous() const noexcept { return asynchronous_; }
@@ -222,7 +221,7 @@ public:
      */
     const std::optional<GlobeRectangle>& _getGlobeRectangle();
     /** @brief The bounding sphere stored by the rendering side, or null. */
-    const BoundingSphere* _getBoundingSphere() const noexcept { return boundingSphere_.get(); }
+    const BoundingSphere* _getBoundingSphere() const noexcept;
     /** @brief Stores a copy of @p sphere (ECEF metres); dropped when the geometry changes. */
     void _setBoundingSphere(const BoundingSphere& sphere);
 
@@ -266,9 +265,10 @@ public:
      */
     void _updateEntityInCull(bool addAgain);
     /**
-     * @brief `_updateEntityInCull(addAgain)`, then the two lists taken into @p added and
-     * @p removed (which must be empty; they get the lists' contents), all under one lock. Returns
-     * whether the update rebuilt the entities (they were not ready, see `_isEntityReady`).
+     * @brief `_updateEntityInCull(addAgain)`, with the entities it adds and drops appended to
+     * @p added and @p removed (after any recorded before and not taken yet) instead of kept by
+     * the feature, all under one lock. Returns whether the update rebuilt the entities (they were
+     * not ready, see `_isEntityReady`).
      */
     bool _updateEntityInCull(bool addAgain, std::vector<std::shared_ptr<Entity>>& added,
                              std::vector<std::shared_ptr<Entity>>& removed);
@@ -311,13 +311,20 @@ public:
      */
     void _onStyleDefinitionChanged(const Style* style);
     /**
-     * @brief Locks (true) or unlocks (false) the feature's mutex around an edit; each true must be
+     * @brief Locks (true) or unlocks (false) the feature's lock around an edit; each true must be
      * followed by a false on the same thread.
      */
     void _onChangedLock(bool locked);
 
 private:
-    using Lock = std::lock_guard<std::recursive_mutex>;
+    using Lock = std::lock_guard<detail::RecursiveSpinLock>;
+
+    // What few features carry (free text, attachments, the origin, the highlight's copy of the
+    // style, the extents the rendering side asks for): held apart and made on first use, so
+    // that the many features that never use them do not pay for them.
+    struct Extras;
+
+    Extras& extras();
 
     void markAttributeChanged() noexcept;
     void copyContentFrom(const Feature& other);
@@ -325,29 +332,37 @@ private:
     // The update itself, under the lock; returns whether it rebuilt the entities.
     bool updateLocked(bool addAgain);
 
-    std::shared_ptr<Geometry> geometry_;
-    std::shared_ptr<Style> style_;
-    AttributeMap attributes_;
+    // The flags first: they fill the padding at the end of the base.
     bool highlight_ = false;
-    std::shared_ptr<Style> highlightStyle_;
-    std::string userDefinedAttribute_;
-    std::vector<std::string> attachmentFiles_;
-    const DataSource* originDataSource_ = nullptr;
-    std::string labelText_;
-    std::unique_ptr<BoundingSphere> boundingSphere_;
-    std::optional<GlobeRectangle> globeRectangle_;
     bool globeRectangleDirty_ = true;
     bool geometryDirty_ = true;
     bool geometryKindChanged_ = false;
     bool styleDirty_ = true;
-    std::unique_ptr<std::recursive_mutex> mutex_;
-    std::shared_ptr<Entity> implHandle_;
-    // Filled by the geometry through the const feature it is given while it updates.
-    mutable std::vector<std::shared_ptr<Entity>> addedEntities_;
-    mutable std::vector<std::shared_ptr<Entity>> removedEntities_;
     bool asynchronous_ = true;
     bool changeRaised_ = false;
+    // Then the members of 4-byte alignment, before the pointers.
     std::optional<DistanceDisplayCondition> distanceDisplayCondition_;
+    mutable detail::RecursiveSpinLock lock_;
+    std::shared_ptr<Geometry> geometry_;
+    std::shared_ptr<Style> style_;
+    AttributeMap attributes_;
+    // Made when a label text is first set: most labels show the name.
+    std::unique_ptr<std::string> labelText_;
+    std::unique_ptr<Extras> extras_;
+    std::shared_ptr<Entity> implHandle_;
+    // Where the entities added and dropped are recorded (by the geometry, through the const
+    // feature it is given while it updates): the caller's lists while an update hands them over
+    // at once, else the feature's own, made on first use and dropped once taken.
+    using EntityList = std::vector<std::shared_ptr<Entity>>;
+    struct EntityLists;
+    EntityLists& entityLists() const;
+    // Takes the own list @p taken; drops the own lists when @p other is empty too.
+    EntityList takeOwnList(EntityList EntityLists::*taken, EntityList EntityLists::*other);
+    // Deletes the feature's own lists, and only them.
+    struct EntityListsDeleter {
+        void operator()(EntityLists* lists) const noexcept;
+    };
+    mutable std::unique_ptr<EntityLists, EntityListsDeleter> entityLists_;
     Publisher<std::function<void(Feature*)>> definitionChanged_;
     detail::SubscriptionPair geometrySubscription_;
     detail::SubscriptionPair styleSubscription_;

@@ -55,7 +55,7 @@ public:
     /** @brief The name (UTF-8, empty by default). */
     const std::string& getName() const noexcept { return name_; }
     /** @brief The description (UTF-8, empty by default). */
-    const std::string& getDescription() const noexcept { return description_; }
+    const std::string& getDescription() const noexcept;
     /** @brief The node's own show flag (default true); see isShowing for the effective state. */
     bool isShow() const noexcept { return show_; }
     /** @brief Whether the node is shown: its show flag and that of every ancestor group. */
@@ -111,18 +111,20 @@ protected:
     /** @brief Stores the name without recording a change. */
     void storeName(const std::string& name) { name_ = name; }
     /** @brief Stores the description without recording a change. */
-    void storeDescription(const std::string& description) { description_ = description; }
+    void storeDescription(const std::string& description);
     /** @brief Stores the show flag without recording a change. */
     void storeShow(bool show) noexcept { show_ = show; }
 
 private:
     std::uint64_t id_;
     std::string name_;
-    std::string description_;
-    bool show_ = true;
+    // Made when a description is first set: most nodes never have one.
+    std::unique_ptr<std::string> description_;
     FeatureGroup* parent_ = nullptr;
     FeatureStatus status_ = FeatureStatus::None;
     int changeType_ = 0;
+    // Last, so that a derived class may put its own flags in the padding that follows.
+    bool show_ = true;
 };
 
 } // namespace keo::Feature

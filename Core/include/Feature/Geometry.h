@@ -103,9 +103,7 @@ public:
      * styling step; a point stores its position when its label has a hint line and no model.
      * Not copied and not assigned.
      */
-    const std::optional<Vector3<double>>& getDistanceDisplayConditionAnchor() const noexcept {
-        return distanceDisplayConditionAnchor_;
-    }
+    const std::optional<Vector3<double>>& getDistanceDisplayConditionAnchor() const noexcept;
 
     /** @brief Raises the definition-changed event. */
     void _raiseDefinitionChangedEvent();
@@ -133,13 +131,13 @@ protected:
     Geometry(const Geometry& other);
 
     /** @brief Stores (or clears, with an empty value) the anchor; no event. */
-    void setDistanceDisplayConditionAnchor(const std::optional<Vector3<double>>& anchor) noexcept {
-        distanceDisplayConditionAnchor_ = anchor;
-    }
+    void setDistanceDisplayConditionAnchor(const std::optional<Vector3<double>>& anchor);
 
 private:
+    // Made when an anchor is first stored: points, the most numerous kind, seldom store one.
+    std::unique_ptr<std::optional<Vector3<double>>> distanceDisplayConditionAnchor_;
+    // Last, so that a derived geometry may put a flag in the padding that follows.
     std::optional<DistanceDisplayCondition> distanceDisplayCondition_;
-    std::optional<Vector3<double>> distanceDisplayConditionAnchor_;
 };
 
 /**

@@ -118,8 +118,9 @@ private:
     void storePosition(std::shared_ptr<PositionProperty> position);
     void propagatePosition(Entity& entity, Pass pass);
 
-    std::shared_ptr<PositionProperty> position_;
+    // First, in the padding at the end of the base.
     bool overlay_ = false;
+    std::shared_ptr<PositionProperty> position_;
 };
 
 } // namespace keo::Feature

@@ -17,6 +17,7 @@ ConstantPositionProperty::ConstantPositionProperty(const Vector3<double>& value,
     : frame_(frame) {
     if (isFinite(value)) {
         value_ = value;
+        hasValue_ = true;
     }
 }
 
@@ -26,12 +27,16 @@ ConstantPositionProperty::ConstantPositionProperty(const Vector3<double>& value,
 ConstantPositionProperty::~ConstantPositionProperty() = default;
 
 std::optional<Vector3<double>> ConstantPositionProperty::getValue(const TimePoint&) const {
+    if (!hasValue_) {
+        return std::nullopt;
+    }
     return value_;
 }
 
 bool ConstantPositionProperty::equals(const PositionProperty& other) const noexcept {
     const auto* constant = dynamic_cast<const ConstantPositionProperty*>(&other);
-    return constant != nullptr && constant->frame_ == frame_ && constant->value_ == value_;
+    return constant != nullptr && constant->frame_ == frame_ && constant->hasValue_ == hasValue_ &&
+           (!hasValue_ || constant->value_ == value_);
 }
 
 } // namespace keo

@@ -108,8 +108,18 @@ void Entity::setPosition(std::shared_ptr<PositionProperty> position) noexcept {
     position_ = std::move(position);
 }
 
-void Entity::setOrientation(std::shared_ptr<OrientationProperty> orientation) noexcept {
-    orientation_ = std::move(orientation);
+const std::shared_ptr<OrientationProperty>& Entity::getOrientation() const noexcept {
+    static const std::shared_ptr<OrientationProperty> none;
+    return orientation_ ? *orientation_ : none;
+}
+
+void Entity::setOrientation(std::shared_ptr<OrientationProperty> orientation) {
+    if (orientation_) {
+        *orientation_ = std::move(orientation);
+    } else if (orientation) {
+        orientation_ =
+            std::make_unique<std::shared_ptr<OrientationProperty>>(std::move(orientation));
+    }
 }
 
 void Entity::setGeometryGraphics(std::shared_ptr<GeometryGraphics> graphics) noexcept {

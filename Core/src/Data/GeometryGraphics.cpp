@@ -8,13 +8,11 @@
 namespace keo {
 
 GeometryGraphics::GeometryGraphics(Type type, const CommonOptions& options)
-    : type_(type)
-    , common_(options) {
     // The enumerations start from their defaults and go through their setters, so that a value
     // a setter would ignore leaves the default in place.
-    common_.shadows = ShadowMode::Disabled;
-    common_.heightReference = HeightReference::Absolute;
-    common_.classificationType.reset();
+    : common_{
+          options.material,     options.distanceDisplayCondition, std::nullopt, type, options.show,
+          ShadowMode::Disabled, HeightReference::Absolute} {
     setShadows(options.shadows);
     setHeightReference(options.heightReference);
     setClassificationType(options.classificationType);

@@ -56,12 +56,36 @@ void LabelGraphics::setOutlineWidth(float width) noexcept {
     detail::assignNonNegative(fields_.outlineWidth, width);
 }
 
-void LabelGraphics::setBackgroundPadding(const Vector4<float>& padding) noexcept {
-    detail::assignNonNegative(fields_.backgroundPadding, padding);
+const LabelGraphics::Background& LabelGraphics::background() const noexcept {
+    static const Background none;
+    return background_ ? *background_ : none;
 }
 
-void LabelGraphics::setBackgroundImage(ImageSource image) noexcept {
-    fields_.backgroundImage = std::move(image);
+LabelGraphics::Background& LabelGraphics::ownBackground() {
+    if (!background_) {
+        background_ = std::make_unique<Background>();
+    }
+    return *background_;
+}
+
+void LabelGraphics::setBackgroundColor(const Color& color) {
+    if (background_ || color != background().color) {
+        ownBackground().color = color;
+    }
+}
+
+void LabelGraphics::setBackgroundPadding(const Vector4<float>& padding) {
+    Vector4<float> stored = background().padding;
+    detail::assignNonNegative(stored, padding);
+    if (background_ || stored != background().padding) {
+        ownBackground().padding = stored;
+    }
+}
+
+void LabelGraphics::setBackgroundImage(ImageSource image) {
+    if (background_ || image != background().image) {
+        ownBackground().image = std::move(image);
+    }
 }
 
 void LabelGraphics::setPixelOffset(const Vector2<float>& offset) noexcept {
@@ -87,9 +111,9 @@ void LabelGraphics::describe(FieldList& fields, const TimePoint& time) const {
     detail::addField(fields, "outlineColor", fields_.outlineColor);
     detail::addField(fields, "outlineWidth", fields_.outlineWidth);
     detail::addField(fields, "showBackground", fields_.showBackground);
-    detail::addField(fields, "backgroundColor", fields_.backgroundColor);
-    detail::addField(fields, "backgroundPadding", fields_.backgroundPadding);
-    detail::addField(fields, "backgroundImage", fields_.backgroundImage);
+    detail::addField(fields, "backgroundColor", background().color);
+    detail::addField(fields, "backgroundPadding", background().padding);
+    detail::addField(fields, "backgroundImage", background().image);
     detail::addField(fields, "pixelOffset", fields_.pixelOffset);
     detail::addField(fields, "horizontalOrigin", fields_.horizontalOrigin);
     detail::addField(fields, "verticalOrigin", fields_.verticalOrigin);

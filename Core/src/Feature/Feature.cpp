@@ -8,6 +8,8 @@
 #include "FeatureLog.h"
 #include "FixedSites.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace keo::Feature {
@@ -89,19 +91,43 @@ void forEachEntity(const std::shared_ptr<Entity>& root, Visit&& visit) {
     }
 }
 
+// Stores @p text in @p slot, made on first use: an empty text needs no string.
+void storeLabelText(std::unique_ptr<std::string>& slot, const std::string& text) {
+    if (slot) {
+        *slot = text;
+    } else if (!text.empty()) {
+        slot = std::make_unique<std::string>(text);
+    }
+}
+
 } // namespace
+
+struct Feature::Extras {
+    std::string userDefinedAttribute;
+    std::vector<std::string> attachmentFiles;
+    const DataSource* originDataSource = nullptr;
+    // The copy of the style taken when the feature is highlighted.
+    std::shared_ptr<Style> highlightStyle;
+    std::optional<BoundingSphere> boundingSphere;
+    std::optional<GlobeRectangle> globeRectangle;
+};
+
+Feature::Extras& Feature::extras() {
+    if (!extras_) {
+        extras_ = std::make_unique<Extras>();
+    }
+    return *extras_;
+}
 
 Feature::Feature(std::optional<std::uint64_t> id)
     : FeatureBase(id)
-    , attributes_(INITIAL_ATTRIBUTE_BUCKETS)
-    , mutex_(std::make_unique<std::recursive_mutex>()) {
+    , attributes_(INITIAL_ATTRIBUTE_BUCKETS) {
     attributes_.max_load_factor(1.0f);
 }
 
 Feature::Feature(const Feature& other)
     : FeatureBase(other)
-    , attributes_(INITIAL_ATTRIBUTE_BUCKETS)
-    , mutex_(std::make_unique<std::recursive_mutex>()) {
+    , attributes_(INITIAL_ATTRIBUTE_BUCKETS) {
     attributes_.max_load_factor(1.0f);
     copyContentFrom(other);
 }
@@ -111,10 +137,12 @@ Feature& Feature::operator=(const Feature& other) {
         return *this;
     }
     {
-        const Lock lock(*mutex_);
+        const Lock lock(lock_);
         FeatureBase::operator=(other);
         highlight_ = false;
-        highlightStyle_.reset();
+        if (extras_) {
+            extras_->highlightStyle.reset();
+        }
     }
     copyContentFrom(other);
     return *this;
@@ -124,12 +152,19 @@ Feature::~Feature() = default;
 
 void Feature::copyContentFrom(const Feature& other) {
     {
-        const Lock lock(*mutex_);
+        const Lock lock(lock_);
         attributes_ = other.attributes_;
-        userDefinedAttribute_ = other.userDefinedAttribute_;
-        attachmentFiles_ = other.attachmentFiles_;
-        originDataSource_ = other.originDataSource_;
-        labelText_ = other.labelText_;
+        if (other.extras_) {
+            Extras& mine = extras();
+            mine.userDefinedAttribute = other.extras_->userDefinedAttribute;
+            mine.attachmentFiles = other.extras_->attachmentFiles;
+            mine.originDataSource = other.extras_->originDataSource;
+        } else if (extras_) {
+            extras_->userDefinedAttribute.clear();
+            extras_->attachmentFiles.clear();
+            extras_->originDataSource = nullptr;
+        }
+        storeLabelText(labelText_, other.getLabelText());
         asynchronous_ = other.asynchronous_;
         distanceDisplayCondition_ = other.distanceDisplayCondition_;
     }
@@ -146,7 +181,7 @@ void Feature::setName(const std::string& name) {
         return;
     }
     {
-        const Lock lock(*mutex_);
+        const Lock lock(lock_);
         FeatureBase::setName(name);
     }
     _onStyleDefinitionChanged(style_.get());
@@ -157,7 +192,7 @@ void Feature::setDescription(const std::string& description) {
         return;
     }
     {
-        const Lock lock(*mutex_);
+        const Lock lock(lock_);
         FeatureBase::setDescription(description);
     }
     _onStyleDefinitionChanged(style_.get());
@@ -169,7 +204,7 @@ void Feature::setShow(bool show) {
     }
     const bool wasShowing = isShowing();
     {
-        const Lock lock(*mutex_);
+        const Lock lock(lock_);
         storeShow(show);
     }
     if (isShowing() != wasShowing) {
@@ -185,7 +220,7 @@ void Feature::setGeometry(std::shared_ptr<Geometry> geometry) {
     checkKinds(geometry.get(), style_.get(), detail::site::FEATURE_SET_GEOMETRY);
     geometrySubscription_.disconnect();
     {
-        const Lock lock(*mutex_);
+        const Lock lock(lock_);
         if (geometryKindChanged(geometry_.get(), geometry.get())) {
             geometryKindChanged_ = true;
         }
@@ -205,7 +240,7 @@ void Feature::setStyle(std::shared_ptr<Style> style) {
     checkKinds(geometry_.get(), style.get(), detail::site::FEATURE_SET_STYLE);
     styleSubscription_.disconnect();
     {
-        const Lock lock(*mutex_);
+        const Lock lock(lock_);
         style_ = std::move(style);
     }
     _onStyleDefinitionChanged(style_.get());
@@ -256,29 +291,68 @@ void Feature::setHighlight(bool highlight) {
         return;
     }
     {
-        const Lock lock(*mutex_);
+        const Lock lock(lock_);
         highlight_ = highlight;
         if (highlight && style_) {
-            highlightStyle_ = style_->clone();
-        } else if (!highlight) {
-            highlightStyle_.reset();
+            extras().highlightStyle = style_->clone();
+        } else if (!highlight && extras_) {
+            extras_->highlightStyle.reset();
         }
     }
     _onStyleDefinitionChanged(style_.get());
 }
 
+const std::string& Feature::getUserDefinedAttribute() const noexcept {
+    static const std::string none;
+    return extras_ ? extras_->userDefinedAttribute : none;
+}
+
 void Feature::setUserDefinedAttribute(const std::string& value) {
-    userDefinedAttribute_ = value;
+    if (extras_ || !value.empty()) {
+        extras().userDefinedAttribute = value;
+    }
     markChanged(ContentChanged);
 }
 
+const std::vector<std::string>& Feature::getAttachmentFiles() const noexcept {
+    static const std::vector<std::string> none;
+    return extras_ ? extras_->attachmentFiles : none;
+}
+
+void Feature::setAttachmentFiles(const std::vector<std::string>& files) {
+    if (extras_ || !files.empty()) {
+        extras().attachmentFiles = files;
+    }
+}
+
+void Feature::setAttachmentFiles(std::vector<std::string>&& files) {
+    if (extras_ || !files.empty()) {
+        extras().attachmentFiles = std::move(files);
+    }
+}
+
+const DataSource* Feature::_getOriginDataSource() const noexcept {
+    return extras_ ? extras_->originDataSource : nullptr;
+}
+
+void Feature::_setOriginDataSource(const DataSource* source) {
+    if (extras_ || source != nullptr) {
+        extras().originDataSource = source;
+    }
+}
+
+const std::string& Feature::getLabelText() const noexcept {
+    static const std::string none;
+    return labelText_ ? *labelText_ : none;
+}
+
 void Feature::setLabelText(const std::string& text) {
-    if (labelText_ == text) {
+    if (getLabelText() == text) {
         return;
     }
     {
-        const Lock lock(*mutex_);
-        labelText_ = text;
+        const Lock lock(lock_);
+        storeLabelText(labelText_, text);
     }
     _onStyleDefinitionChanged(style_.get());
 }
@@ -290,7 +364,7 @@ void Feature::setDistanceDisplayCondition(
         return;
     }
     {
-        const Lock lock(*mutex_);
+        const Lock lock(lock_);
         distanceDisplayCondition_ = condition;
     }
     _onStyleDefinitionChanged(style_.get());
@@ -301,7 +375,7 @@ void Feature::_setAsynchronous(bool asynchronous) {
         return;
     }
     {
-        const Lock lock(*mutex_);
+        const Lock lock(lock_);
         asynchronous_ = asynchronous;
         forEachEntity(implHandle_, [asynchronous](const auto& entity) {
             entity->_setAsynchronous(asynchronous);
@@ -311,30 +385,34 @@ void Feature::_setAsynchronous(bool asynchronous) {
 }
 
 const std::optional<GlobeRectangle>& Feature::_getGlobeRectangle() {
-    const Lock lock(*mutex_);
-    if (globeRectangle_ && !globeRectangleDirty_) {
-        return globeRectangle_;
+    static const std::optional<GlobeRectangle> none;
+    const Lock lock(lock_);
+    if (extras_ && extras_->globeRectangle && !globeRectangleDirty_) {
+        return extras_->globeRectangle;
     }
     if (!geometry_) {
-        static const std::optional<GlobeRectangle> none;
         return none;
     }
     // Only line and area kinds give an extent from their vertices; the cache of other kinds is
     // left as it was.
     if (const auto* positions = geometry_->_getCartographicPositions()) {
-        globeRectangle_ = GlobeRectangle::fromCartographicArray(*positions);
+        extras().globeRectangle = GlobeRectangle::fromCartographicArray(*positions);
     }
     globeRectangleDirty_ = false;
-    return globeRectangle_;
+    return extras_ ? extras_->globeRectangle : none;
+}
+
+const BoundingSphere* Feature::_getBoundingSphere() const noexcept {
+    return extras_ && extras_->boundingSphere ? &*extras_->boundingSphere : nullptr;
 }
 
 void Feature::_setBoundingSphere(const BoundingSphere& sphere) {
-    const Lock lock(*mutex_);
-    boundingSphere_ = std::make_unique<BoundingSphere>(sphere);
+    const Lock lock(lock_);
+    extras().boundingSphere = sphere;
 }
 
 bool Feature::_isEntityReady() const {
-    const Lock lock(*mutex_);
+    const Lock lock(lock_);
     if (!isShowing()) {
         return true;
     }
@@ -342,31 +420,69 @@ bool Feature::_isEntityReady() const {
 }
 
 std::vector<std::shared_ptr<Entity>> Feature::_getAllEntities() const {
-    const Lock lock(*mutex_);
+    const Lock lock(lock_);
     std::vector<std::shared_ptr<Entity>> entities;
     forEachEntity(implHandle_, [&entities](const auto& entity) { entities.push_back(entity); });
     return entities;
 }
 
+struct Feature::EntityLists {
+    EntityList* added;
+    EntityList* removed;
+    // The feature's own lists, pointed to by the two above when nobody hands lists over.
+    EntityList ownAdded;
+    EntityList ownRemoved;
+    // False for the caller's lists, lent for the length of an update.
+    bool owned = false;
+};
+
+void Feature::EntityListsDeleter::operator()(EntityLists* lists) const noexcept {
+    if (lists->owned) {
+        delete lists;
+    }
+}
+
+Feature::EntityLists& Feature::entityLists() const {
+    if (!entityLists_) {
+        entityLists_.reset(new EntityLists);
+        entityLists_->added = &entityLists_->ownAdded;
+        entityLists_->removed = &entityLists_->ownRemoved;
+        entityLists_->owned = true;
+    }
+    return *entityLists_;
+}
+
 void Feature::_addEntity(const std::shared_ptr<Entity>& entity) const {
-    const Lock lock(*mutex_);
+    const Lock lock(lock_);
     entity->_setAsynchronous(asynchronous_);
-    addedEntities_.push_back(entity);
+    entityLists().added->push_back(entity);
 }
 
 void Feature::_removeEntity(const std::shared_ptr<Entity>& entity) const {
-    const Lock lock(*mutex_);
-    removedEntities_.push_back(entity);
+    const Lock lock(lock_);
+    entityLists().removed->push_back(entity);
 }
 
 std::vector<std::shared_ptr<Entity>> Feature::_takeAddedEntities() {
-    const Lock lock(*mutex_);
-    return std::exchange(addedEntities_, {});
+    return takeOwnList(&EntityLists::ownAdded, &EntityLists::ownRemoved);
 }
 
 std::vector<std::shared_ptr<Entity>> Feature::_takeRemovedEntities() {
-    const Lock lock(*mutex_);
-    return std::exchange(removedEntities_, {});
+    return takeOwnList(&EntityLists::ownRemoved, &EntityLists::ownAdded);
+}
+
+std::vector<std::shared_ptr<Entity>> Feature::takeOwnList(EntityList EntityLists::*taken,
+                                                          EntityList EntityLists::*other) {
+    const Lock lock(lock_);
+    if (!entityLists_ || !entityLists_->owned) {
+        return {};
+    }
+    auto list = std::exchange((*entityLists_).*taken, {});
+    // Both lists taken: the feature holds nothing for them until it records again.
+    if (((*entityLists_).*other).empty()) {
+        entityLists_.reset();
+    }
+    return list;
 }
 
 void Feature::tearDownChildren() {
@@ -379,17 +495,29 @@ void Feature::tearDownChildren() {
 }
 
 void Feature::_updateEntityInCull(bool addAgain) {
-    const Lock lock(*mutex_);
+    const Lock lock(lock_);
     updateLocked(addAgain);
 }
 
 bool Feature::_updateEntityInCull(bool addAgain, std::vector<std::shared_ptr<Entity>>& added,
                                   std::vector<std::shared_ptr<Entity>>& removed) {
-    const Lock lock(*mutex_);
-    const bool rebuilt = updateLocked(addAgain);
-    added.swap(addedEntities_);
-    removed.swap(removedEntities_);
-    return rebuilt;
+    const Lock lock(lock_);
+    if (entityLists_) {
+        // Recorded outside an update and not taken yet: they come first.
+        std::move(entityLists_->ownAdded.begin(), entityLists_->ownAdded.end(),
+                  std::back_inserter(added));
+        std::move(entityLists_->ownRemoved.begin(), entityLists_->ownRemoved.end(),
+                  std::back_inserter(removed));
+        entityLists_.reset();
+    }
+    // The caller's lists are lent for the update: what it records goes straight to them.
+    EntityLists lent{&added, &removed, {}, {}, false};
+    entityLists_.reset(&lent);
+    struct GiveBack {
+        std::unique_ptr<EntityLists, EntityListsDeleter>& slot;
+        ~GiveBack() { slot.reset(); }
+    } giveBack{entityLists_};
+    return updateLocked(addAgain);
 }
 
 bool Feature::updateLocked(bool addAgain) {
@@ -444,7 +572,7 @@ Feature::_addDefinitionChangedEventListener(std::function<void(Feature*)>&& call
 }
 
 void Feature::_raiseDefinitionChangedEvent() {
-    const Lock lock(*mutex_);
+    const Lock lock(lock_);
     if (changeRaised_) {
         return;
     }
@@ -454,9 +582,11 @@ void Feature::_raiseDefinitionChangedEvent() {
 
 void Feature::_onGeometryDefinitionChanged() {
     {
-        const Lock lock(*mutex_);
+        const Lock lock(lock_);
         geometryDirty_ = true;
-        boundingSphere_.reset();
+        if (extras_) {
+            extras_->boundingSphere.reset();
+        }
         globeRectangleDirty_ = true;
     }
     _raiseDefinitionChangedEvent();
@@ -465,7 +595,7 @@ void Feature::_onGeometryDefinitionChanged() {
 
 void Feature::_onStyleDefinitionChanged(const Style* /*style*/) {
     {
-        const Lock lock(*mutex_);
+        const Lock lock(lock_);
         styleDirty_ = true;
     }
     _raiseDefinitionChangedEvent();
@@ -474,9 +604,9 @@ void Feature::_onStyleDefinitionChanged(const Style* /*style*/) {
 
 void Feature::_onChangedLock(bool locked) {
     if (locked) {
-        mutex_->lock();
+        lock_.lock();
     } else {
-        mutex_->unlock();
+        lock_.unlock();
     }
 }
 

@@ -11,13 +11,14 @@ FeatureBase::FeatureBase(std::optional<std::uint64_t> id)
 FeatureBase::FeatureBase(const FeatureBase& other)
     : id_(detail::freshId())
     , name_(other.name_)
-    , description_(other.description_)
-    , show_(other.show_) {}
+    , show_(other.show_) {
+    storeDescription(other.getDescription());
+}
 
 FeatureBase& FeatureBase::operator=(const FeatureBase& other) {
     if (this != &other) {
         name_ = other.name_;
-        description_ = other.description_;
+        storeDescription(other.getDescription());
         show_ = other.show_;
     }
     markContentReplaced();
@@ -38,11 +39,24 @@ void FeatureBase::setName(const std::string& name) {
     markContentReplaced();
 }
 
+const std::string& FeatureBase::getDescription() const noexcept {
+    static const std::string none;
+    return description_ ? *description_ : none;
+}
+
+void FeatureBase::storeDescription(const std::string& description) {
+    if (description_) {
+        *description_ = description;
+    } else if (!description.empty()) {
+        description_ = std::make_unique<std::string>(description);
+    }
+}
+
 void FeatureBase::setDescription(const std::string& description) {
-    if (description_ == description) {
+    if (getDescription() == description) {
         return;
     }
-    description_ = description;
+    storeDescription(description);
     markContentReplaced();
 }
 

@@ -53,6 +53,19 @@ Geometry::Geometry(const Geometry& other)
 
 Geometry::~Geometry() = default;
 
+const std::optional<Vector3<double>>& Geometry::getDistanceDisplayConditionAnchor() const noexcept {
+    static const std::optional<Vector3<double>> none;
+    return distanceDisplayConditionAnchor_ ? *distanceDisplayConditionAnchor_ : none;
+}
+
+void Geometry::setDistanceDisplayConditionAnchor(const std::optional<Vector3<double>>& anchor) {
+    if (distanceDisplayConditionAnchor_) {
+        *distanceDisplayConditionAnchor_ = anchor;
+    } else if (anchor) {
+        distanceDisplayConditionAnchor_ = std::make_unique<std::optional<Vector3<double>>>(anchor);
+    }
+}
+
 void Geometry::assign(const Geometry& other) {
     if (!detail::checkAssignKind(other.getType() == getType(), detail::site::GEOMETRY_ASSIGN)) {
         return;

@@ -147,8 +147,8 @@ PointGeometry::PointGeometry(const Cartographic& position)
 
 PointGeometry::PointGeometry(const PointGeometry& other)
     : Geometry(other)
-    , position_(other.position_)
-    , overlay_(other.overlay_) {}
+    , overlay_(other.overlay_)
+    , position_(other.position_) {}
 
 PointGeometry::~PointGeometry() = default;
 

@@ -113,6 +113,33 @@ TEST(LabelGraphicsTest, BadNumbersAreIgnoredOrClamped) {
     EXPECT_EQ(graphics.getBackgroundPadding(), Vector4<float>(0.0f, 2.0f, 3.0f, 4.0f));
 }
 
+TEST(LabelGraphicsTest, TheBackgroundReadsItsDefaultsUntilChangedAndMayBeSetBackToThem) {
+    const LabelGraphics::Fields defaults;
+    LabelGraphics graphics;
+    // The defaults given again change nothing.
+    graphics.setBackgroundColor(defaults.backgroundColor);
+    graphics.setBackgroundPadding(defaults.backgroundPadding);
+    graphics.setBackgroundImage(keo::ImageSource());
+    EXPECT_EQ(graphics.getBackgroundColor(), defaults.backgroundColor);
+    EXPECT_EQ(graphics.getBackgroundPadding(), defaults.backgroundPadding);
+    EXPECT_EQ(graphics.getBackgroundImage(), keo::ImageSource());
+
+    graphics.setBackgroundColor(keo::Color::RED);
+    graphics.setBackgroundImage(keo::ImageSource(std::string("box.png")));
+    EXPECT_EQ(graphics.getBackgroundColor(), keo::Color::RED);
+    EXPECT_EQ(graphics.getBackgroundPadding(), defaults.backgroundPadding);
+    EXPECT_EQ(graphics.getBackgroundImage(), keo::ImageSource(std::string("box.png")));
+    // Another label keeps the defaults.
+    EXPECT_EQ(LabelGraphics().getBackgroundColor(), defaults.backgroundColor);
+
+    graphics.setBackgroundColor(defaults.backgroundColor);
+    graphics.setBackgroundPadding({1.0f, 2.0f, 3.0f, 4.0f});
+    graphics.setBackgroundImage(keo::ImageSource());
+    EXPECT_EQ(graphics.getBackgroundColor(), defaults.backgroundColor);
+    EXPECT_EQ(graphics.getBackgroundPadding(), Vector4<float>(1.0f, 2.0f, 3.0f, 4.0f));
+    EXPECT_EQ(graphics.getBackgroundImage(), keo::ImageSource());
+}
+
 TEST(LabelGraphicsTest, InvalidOptionValuesFallBackToTheDefaults) {
     LabelGraphics::ConstructorOptions options;
     options.fontSize = NOT_A_NUMBER;

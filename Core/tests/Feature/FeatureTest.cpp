@@ -513,6 +513,69 @@ TEST(FeatureTest, FirstUpdateCreatesTheRootAndReportsIt) {
     EXPECT_EQ(feature._getImplHandle(), root);
 }
 
+TEST(FeatureTest, AnUpdateThatHandsItsListsOverAppendsWhatWasRecordedBeforeThenItsOwn) {
+    LabelledFeature f;
+    f.feature._updateEntityInCull(false);
+    const auto root = f.feature._getImplHandle();
+    // Recorded outside an update and not taken: handed over first, in order.
+    f.feature._removeEntity(root);
+    f.feature._addEntity(root);
+    f.label->setSize(40.0f);
+    std::vector<std::shared_ptr<Entity>> added{nullptr};
+    std::vector<std::shared_ptr<Entity>> removed;
+    EXPECT_TRUE(f.feature._updateEntityInCull(false, added, removed));
+    // What the caller's lists held stays in front.
+    ASSERT_GE(added.size(), 2u);
+    EXPECT_EQ(added[0], nullptr);
+    EXPECT_EQ(added[1], root);
+    ASSERT_FALSE(removed.empty());
+    EXPECT_EQ(removed[0], root);
+    // Nothing is left with the feature: its own lists were handed over with the rest.
+    EXPECT_TRUE(f.feature._takeAddedEntities().empty());
+    EXPECT_TRUE(f.feature._takeRemovedEntities().empty());
+    // The next update that keeps its lists records into them again.
+    f.label->setSize(41.0f);
+    f.feature._updateEntityInCull(false);
+    f.feature._addEntity(root);
+    EXPECT_EQ(f.feature._takeAddedEntities().back(), root);
+}
+
+TEST(FeatureTest, TheRarelyUsedFieldsReadEmptyUntilSetAndCanBeEmptiedAgain) {
+    Feature feature;
+    EXPECT_EQ(feature.getUserDefinedAttribute(), "");
+    EXPECT_TRUE(feature.getAttachmentFiles().empty());
+    EXPECT_EQ(feature._getOriginDataSource(), nullptr);
+    EXPECT_EQ(feature._getBoundingSphere(), nullptr);
+    EXPECT_EQ(feature.getLabelText(), "");
+    EXPECT_EQ(feature.getDescription(), "");
+    feature.setUserDefinedAttribute("note");
+    feature.setLabelText("label");
+    feature.setDescription("description");
+    feature._setBoundingSphere(keo::BoundingSphere(keo::Vector3<double>(1.0, 2.0, 3.0), 4.0));
+    ASSERT_NE(feature._getBoundingSphere(), nullptr);
+    EXPECT_EQ(feature._getBoundingSphere()->getRadius(), 4.0);
+    // A copy takes the texts, not the bounding sphere.
+    const Feature copy(feature);
+    EXPECT_EQ(copy.getUserDefinedAttribute(), "note");
+    EXPECT_EQ(copy.getLabelText(), "label");
+    EXPECT_EQ(copy.getDescription(), "description");
+    EXPECT_EQ(copy._getBoundingSphere(), nullptr);
+    feature.setUserDefinedAttribute("");
+    feature.setLabelText("");
+    feature.setDescription("");
+    EXPECT_EQ(feature.getUserDefinedAttribute(), "");
+    EXPECT_EQ(feature.getLabelText(), "");
+    EXPECT_EQ(feature.getDescription(), "");
+    // An assignment from a feature without them empties them.
+    Feature other;
+    other = copy;
+    EXPECT_EQ(other.getUserDefinedAttribute(), "note");
+    other = Feature();
+    EXPECT_EQ(other.getUserDefinedAttribute(), "");
+    EXPECT_EQ(other.getLabelText(), "");
+    EXPECT_EQ(other.getDescription(), "");
+}
+
 TEST(FeatureTest, UpdateRunsTheGeometryThenTheStyleAndReportsChildren) {
     LabelledFeature f;
     f.feature._updateEntityInCull(false);

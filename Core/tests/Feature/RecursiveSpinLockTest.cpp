@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <mutex>
 #include <set>
@@ -42,6 +43,31 @@ TEST(RecursiveSpinLockTest, AnotherThreadCannotTakeItWhileItIsHeld) {
     std::thread other([&] { taken = lock.try_lock(); });
     other.join();
     EXPECT_FALSE(taken);
+    lock.unlock();
+}
+
+TEST(RecursiveSpinLockTest, AWaiterThroughALongHoldTakesItOnlyOnceItIsFree) {
+    RecursiveSpinLock lock;
+    std::atomic<bool> released{false};
+    std::atomic<bool> tookItWhileHeld{false};
+    std::atomic<bool> waiting{false};
+    lock.lock();
+    std::thread waiter([&] {
+        waiting = true;
+        lock.lock(); // spins, yields, then naps through the hold below
+        tookItWhileHeld = !released.load();
+        lock.unlock();
+    });
+    while (!waiting) {
+        std::this_thread::yield();
+    }
+    // Long enough for the waiter to pass from spinning and yielding to napping.
+    std::this_thread::sleep_for(std::chrono::milliseconds(30));
+    released = true;
+    lock.unlock();
+    waiter.join();
+    EXPECT_FALSE(tookItWhileHeld);
+    EXPECT_TRUE(lock.try_lock());
     lock.unlock();
 }
 

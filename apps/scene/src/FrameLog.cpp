@@ -85,9 +85,70 @@ void writeStrings(JsonWriter& json, const char* name, const std::vector<std::str
 
 } // namespace
 
+std::string formatMemory(const ScaleMemory& memory) {
+    char line[200];
+    std::snprintf(line, sizeof line,
+                  "memory: %.0f B of heap and %.0f B resident per feature after the build (%s)\n",
+                  memory.heapPerFeature, memory.residentPerFeature, memory.allocator.c_str());
+    std::string text = line;
+    if (!memory.kinds.empty()) {
+        text += "kind          heap B/feature\n";
+    }
+    for (const KindMemory& kind : memory.kinds) {
+        std::snprintf(line, sizeof line, "%-13s %14.0f\n", kind.kind.c_str(), kind.heapPerFeature);
+        text += line;
+    }
+    return text;
+}
+
+std::string formatTeardown(const ScaleMemory& memory, std::size_t features) {
+    char line[160];
+    std::snprintf(
+        line, sizeof line, "teardown: %.3f s (%.2f µs per feature)\n", memory.teardownSeconds,
+        features > 0 ? memory.teardownSeconds * 1e6 / static_cast<double>(features) : 0.0);
+    return line;
+}
+
+std::string featuresJson(const Scene& scene, double time) {
+    JsonWriter json;
+    json.beginArray();
+    for (const auto& feature : scene.features()) {
+        json.beginObject();
+        json.key("id");
+        json.value(feature->getId());
+        json.key("name");
+        json.value(feature->getName());
+        json.key("group");
+        json.value(scene.groupNameOf(*feature));
+        json.key("entities");
+        if (const Entity* root = static_cast<const Feature::Feature&>(*feature)._getImplHandle()) {
+            json.rawValue(
+                SceneDump::toJson(*root, TimePoint::fromSeconds(time), ownerOf(*feature)));
+        } else {
+            json.rawValue("null");
+        }
+        json.endObject();
+    }
+    json.endArray();
+    // Indented one level, as the value of a key of the report's top object.
+    std::string text = json.text();
+    if (!text.empty() && text.back() == '\n') {
+        text.pop_back();
+    }
+    std::string indented;
+    indented.reserve(text.size() + text.size() / 8);
+    for (const char c : text) {
+        indented += c;
+        if (c == '\n') {
+            indented += "  ";
+        }
+    }
+    return indented;
+}
+
 std::string frameLogJson(const std::string& mode, const std::vector<FrameRecord>& frames,
-                         const std::vector<ScalePhase>& phases, std::size_t logRecords,
-                         const Scene& scene, double time) {
+                         const std::vector<ScalePhase>& phases, const ScaleMemory* memory,
+                         std::size_t logRecords, double time, const std::string& features) {
     JsonWriter json;
     json.beginObject();
     json.key("program");
@@ -132,30 +193,36 @@ std::string frameLogJson(const std::string& mode, const std::vector<FrameRecord>
         }
         json.endArray();
     }
+    if (memory != nullptr) {
+        json.key("memory");
+        json.beginObject();
+        json.key("allocator");
+        json.value(memory->allocator);
+        json.key("heapBytesPerFeature");
+        json.value(memory->heapPerFeature);
+        json.key("residentBytesPerFeature");
+        json.value(memory->residentPerFeature);
+        json.key("kinds");
+        json.beginArray();
+        for (const KindMemory& kind : memory->kinds) {
+            json.beginObject();
+            json.key("kind");
+            json.value(kind.kind);
+            json.key("heapBytesPerFeature");
+            json.value(kind.heapPerFeature);
+            json.endObject();
+        }
+        json.endArray();
+        json.key("teardownSeconds");
+        json.value(memory->teardownSeconds);
+        json.endObject();
+    }
     json.key("logRecords");
     json.value(static_cast<std::uint64_t>(logRecords));
     json.key("time");
     json.value(time);
     json.key("features");
-    json.beginArray();
-    for (const auto& feature : scene.features()) {
-        json.beginObject();
-        json.key("id");
-        json.value(feature->getId());
-        json.key("name");
-        json.value(feature->getName());
-        json.key("group");
-        json.value(scene.groupNameOf(*feature));
-        json.key("entities");
-        if (const Entity* root = static_cast<const Feature::Feature&>(*feature)._getImplHandle()) {
-            json.rawValue(
-                SceneDump::toJson(*root, TimePoint::fromSeconds(time), ownerOf(*feature)));
-        } else {
-            json.rawValue("null");
-        }
-        json.endObject();
-    }
-    json.endArray();
+    json.rawValue(features);
     json.endObject();
     return json.text();
 }

@@ -66,15 +66,48 @@ inline double frameTime(std::uint32_t frame) noexcept {
  */
 std::string formatFrame(const FrameRecord& record);
 
+/** @brief The heap that the features of one kind of the sample take, each. */
+struct KindMemory {
+    /** @brief The sample entry's name. */
+    std::string kind;
+    /** @brief Heap bytes per feature, through its first frame. */
+    double heapPerFeature = 0.0;
+};
+
+/** @brief What the scale run's features take and how long they take to go. */
+struct ScaleMemory {
+    /** @brief The allocator whose heap is counted (see allocatorName). */
+    std::string allocator;
+    /** @brief Heap bytes per feature after the build and its first frame. */
+    double heapPerFeature = 0.0;
+    /** @brief Resident bytes per feature after the build and its first frame. */
+    double residentPerFeature = 0.0;
+    /** @brief Each kind of the sample on its own. */
+    std::vector<KindMemory> kinds;
+    /** @brief Wall time of destroying the scene, its renderer side and its watch, seconds. */
+    double teardownSeconds = 0.0;
+};
+
+/** @brief The lines that print @p memory (per feature, then per kind), each ending in a newline. */
+std::string formatMemory(const ScaleMemory& memory);
+
+/** @brief The teardown line of @p memory for @p features features, ending in a newline. */
+std::string formatTeardown(const ScaleMemory& memory, std::size_t features);
+
+/**
+ * @brief For every feature of @p scene in tree order, its id, name, group and entity tree
+ * (keo::SceneDump::toJson at scene time @p time): a JSON array, the "features" of the report.
+ */
+std::string featuresJson(const Scene& scene, double time);
+
 /**
  * @brief The JSON report: the mode, the per-frame log, the scale run's @p phases with their rates
- * (left out when empty), the number of log records @p logRecords and, for every feature of
- * @p scene in tree order, its id, name, group and entity tree (keo::SceneDump::toJson at scene
- * time @p time).
+ * (left out when empty) and its @p memory (left out when null), the number of log records
+ * @p logRecords, the scene time @p time and the features (@p features, from featuresJson).
  */
 std::string frameLogJson(const std::string& mode, const std::vector<FrameRecord>& frames,
-                         const std::vector<ScalePhase>& phases, std::size_t logRecords,
-                         const Scene& scene, double time);
+                         const std::vector<ScalePhase>& phases, const ScaleMemory* memory,
+                         std::size_t logRecords, double time, const std::string& features);
 
 /**
  * @brief The entity trees of the features of @p scene in tree order, each under a heading line

@@ -4,6 +4,7 @@
 #include "EditScript.h"
 #include "FrameLog.h"
 #include "LogCapture.h"
+#include "MemoryUse.h"
 #include "Options.h"
 #include "PictureOutput.h"
 #include "ProgressBar.h"
@@ -93,8 +94,9 @@ struct Run {
     CollectionWatch watch;
     PictureOutput pictures;
     std::vector<FrameRecord> frames;
-    // The scale run's measured phases (none in the sample).
+    // The scale run's measured phases and memory (none in the sample).
     std::vector<ScalePhase> phases;
+    std::optional<ScaleMemory> memory;
 };
 
 int runFailed(std::ostream& err, const std::string& message) {
@@ -148,12 +150,37 @@ int runSample(const Options& options, Run& run, std::ostream& out, std::ostream&
     return EXIT_OK;
 }
 
+// Features of each kind built on their own to tell what one kind takes.
+constexpr std::size_t KIND_SAMPLE_FEATURES = 1000;
+
 std::string formatPhase(const ScalePhase& phase) {
     char line[160];
     std::snprintf(line, sizeof line, "%-13s %10zu %11zu %9.3f %12.0f %12.0f\n", phase.name,
                   phase.features, phase.entities, phase.seconds, phase.featureRate(),
                   phase.entityRate());
     return line;
+}
+
+// The heap each kind of the sample takes: @p perKind features of the kind alone in a scene of
+// their own, through their first frame.
+std::vector<KindMemory> measureKinds(std::size_t perKind) {
+    std::vector<KindMemory> kinds;
+    for (std::size_t index = 0; index < sampleEntries().size(); ++index) {
+        const SampleEntry& entry = sampleEntries()[index];
+        const std::size_t before = currentMemoryUse().heap;
+        {
+            Scene scene("kinds");
+            RendererSide renderer(scene.sharedRoot());
+            scene.collection().suspendEvents();
+            for (std::size_t i = 0; i < perKind; ++i) {
+                scene.add(entry.group, entry.make(FIRST_FEATURE_ID + i, entry.name));
+            }
+            scene.collection().resumeEvents();
+            renderer.runFrame(1);
+            kinds.push_back({entry.name, bytesPer(before, currentMemoryUse().heap, perKind)});
+        }
+    }
+    return kinds;
 }
 
 // The scale run in pieces of about one percent, so that the progress bar moves.
@@ -196,6 +223,7 @@ int runScale(const Options& options, std::uint32_t featureCount, Run& run, std::
         return options.verify ? run.check() : std::nullopt;
     };
 
+    const MemoryUse beforeBuild = currentMemoryUse();
     std::optional<std::string> failure = measure(build, [&] {
         const std::size_t chunk = chunkOf(featureCount);
         for (std::size_t first = 0; first < featureCount; first += chunk) {
@@ -204,6 +232,7 @@ int runScale(const Options& options, std::uint32_t featureCount, Run& run, std::
             bar.advance(count, build.name);
         }
     });
+    const MemoryUse afterBuild = currentMemoryUse();
     for (std::uint32_t i = 0; i < options.frames && !failure; ++i) {
         failure = measure(clean, [] {});
     }
@@ -228,6 +257,13 @@ int runScale(const Options& options, std::uint32_t featureCount, Run& run, std::
     for (const ScalePhase& phase : run.phases) {
         out << formatPhase(phase);
     }
+    ScaleMemory memory;
+    memory.allocator = allocatorName();
+    memory.heapPerFeature = bytesPer(beforeBuild.heap, afterBuild.heap, featureCount);
+    memory.residentPerFeature = bytesPer(beforeBuild.resident, afterBuild.resident, featureCount);
+    memory.kinds = measureKinds(KIND_SAMPLE_FEATURES);
+    out << formatMemory(memory);
+    run.memory = std::move(memory);
     out << "log: " << run.logs.total() << " records\n";
     if (options.verify) {
         out << verifiedLine(frame);
@@ -276,15 +312,32 @@ int runProgram(const std::vector<std::string>& arguments, std::ostream& out, std
             return EXIT_USAGE;
         }
     }
-    Run run(options.features ? "scale" : "sample", std::move(pictures));
+    auto run = std::make_unique<Run>(options.features ? "scale" : "sample", std::move(pictures));
     const int status = options.features
-                           ? runScale(options, *options.features, run, out, err, progress)
-                           : runSample(options, run, out, err);
-    if (status != EXIT_OK || !json.is_open()) {
+                           ? runScale(options, *options.features, *run, out, err, progress)
+                           : runSample(options, *run, out, err);
+    if (status != EXIT_OK) {
         return status;
     }
-    json << frameLogJson(options.features ? "scale" : "sample", run.frames, run.phases,
-                         run.logs.total(), run.scene, run.lastTime());
+    const double time = run->lastTime();
+    const std::string features = json.is_open() ? featuresJson(run->scene, time) : std::string();
+    const std::vector<FrameRecord> frameRecords = std::move(run->frames);
+    const std::vector<ScalePhase> phases = std::move(run->phases);
+    std::optional<ScaleMemory> memory = std::move(run->memory);
+    const std::size_t logRecords = run->logs.total();
+    if (memory) {
+        // The scale run's scene goes while the clock runs: every feature, entity and record.
+        const auto start = std::chrono::steady_clock::now();
+        run.reset();
+        memory->teardownSeconds =
+            std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+        out << formatTeardown(*memory, *options.features);
+    }
+    if (!json.is_open()) {
+        return status;
+    }
+    json << frameLogJson(options.features ? "scale" : "sample", frameRecords, phases,
+                         memory ? &*memory : nullptr, logRecords, time, features);
     json.close();
     if (json.fail()) {
         err << "keo-scene: could not write the JSON report to '" << options.jsonPath << "'\n";

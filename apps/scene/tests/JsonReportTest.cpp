@@ -169,6 +169,36 @@ TEST(JsonReportTest, TheScaleRunReportsEveryFrameOfItsThreePhases) {
     EXPECT_GT(report["logRecords"].number, 0.0);
 }
 
+TEST(JsonReportTest, TheScaleRunReportsTheMemoryOfItsFeaturesEachKindAndItsTeardown) {
+    TemporaryFile file("keo-scene-memory-test.json");
+    std::string out;
+    std::string err;
+    ASSERT_EQ(run({"--json", file.path, "--quiet", "--features", "50", "--frames", "1"}, out, err),
+              0)
+        << err;
+    const JsonValue report = JsonParser::parse(file.read());
+    const JsonValue& memory = report["memory"];
+    EXPECT_EQ(memory["allocator"].string, "glibc malloc");
+    // Fifty features of the sample's kinds hold far more than nothing and far less than a
+    // megabyte each.
+    EXPECT_GT(memory["heapBytesPerFeature"].number, 500.0);
+    EXPECT_LT(memory["heapBytesPerFeature"].number, 1.0e6);
+    EXPECT_GE(memory["residentBytesPerFeature"].number, 0.0);
+    EXPECT_GE(memory["teardownSeconds"].number, 0.0);
+    // One row per kind of the sample, in the sample's order, each a real amount.
+    const auto& kinds = memory["kinds"].array;
+    ASSERT_EQ(kinds.size(), keo::scene::sampleEntries().size());
+    for (std::size_t i = 0; i < kinds.size(); ++i) {
+        EXPECT_EQ(kinds[i]["kind"].string, keo::scene::sampleEntries()[i].name);
+    }
+    for (const auto& kind : kinds) {
+        EXPECT_GT(kind["heapBytesPerFeature"].number, 300.0) << kind["kind"].string;
+    }
+    EXPECT_NE(out.find("memory: "), std::string::npos);
+    EXPECT_NE(out.find("kind          heap B/feature\n"), std::string::npos);
+    EXPECT_NE(out.find("teardown: "), std::string::npos);
+}
+
 TEST(JsonWriterTest, EscapesStringsAndNestsWithTwoSpacesPerLevel) {
     JsonWriter json;
     json.beginObject();

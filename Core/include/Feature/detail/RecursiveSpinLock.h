@@ -1,23 +1,26 @@
 #pragma once
 
-// Not part of the API: the lock of the kit's events, installed only because the event template
-// holds it. It may change without notice.
+// Not part of the API: the lock of the kit's events and features, installed only because the
+// event template and the feature hold it. It may change without notice.
 
 #include "Feature/FeatureExport.h"
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <thread>
 
 namespace keo::Feature::detail {
 
 /**
- * @brief A recursive lock of 8 bytes for critical sections of a few instructions: the thread
- * that holds it may take it again, other threads spin briefly and then yield until it is free.
+ * @brief A recursive lock of 8 bytes: the thread that holds it may take it again; other threads
+ * spin briefly, then yield, and after a while sleep in short naps until it is free.
  *
- * Events use it instead of std::recursive_mutex (40 bytes): they hold it only to link, unlink or
- * count, never while a listener runs, and a kit with 100,000 features holds several events per
- * feature. Meets the Lockable requirements, so std::lock_guard works with it.
+ * Events use it instead of std::recursive_mutex (40 bytes, and one more allocation where it must
+ * be held by pointer): they hold it only to link, unlink or count, never while a listener runs,
+ * and a kit with a million features holds several events per feature. Features hold it around an
+ * edit or an update, which rarely meet on two threads; the naps keep a waiter from burning a core
+ * through a long update. Meets the Lockable requirements, so std::lock_guard works with it.
  */
 class KEO_FEATURE_API RecursiveSpinLock final {
 public:
@@ -34,10 +37,13 @@ public:
             ++depth_;
             return;
         }
-        for (unsigned spins = 0; !tryTake(self); ++spins) {
+        for (unsigned attempts = 0; !tryTake(self); ++attempts) {
             // A holder that does not let go within a few hundred cycles has most likely been
-            // preempted: give it the core instead of burning ours.
-            if (spins >= SPINS_BEFORE_YIELD) {
+            // preempted or is in a long update: give it the core instead of burning ours, and
+            // once yielding has not helped for a while, nap.
+            if (attempts >= ATTEMPTS_BEFORE_NAP) {
+                std::this_thread::sleep_for(NAP);
+            } else if (attempts >= SPINS_BEFORE_YIELD) {
                 std::this_thread::yield();
             }
         }
@@ -73,6 +79,8 @@ public:
 
 private:
     static constexpr unsigned SPINS_BEFORE_YIELD = 64;
+    static constexpr unsigned ATTEMPTS_BEFORE_NAP = 1024;
+    static constexpr std::chrono::microseconds NAP{20};
     static constexpr std::uint32_t NO_THREAD = 0;
 
     // Test before the exchange, so that waiting threads read a shared cache line instead of

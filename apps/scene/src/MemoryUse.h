@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstddef>
+
+namespace keo::scene {
+
+/** @brief What the process holds at one moment: heap in use and resident memory, bytes. */
+struct MemoryUse {
+    /** @brief Bytes the allocator has handed out and not taken back (its own overhead included). */
+    std::size_t heap = 0;
+    /** @brief Bytes of the process's pages in memory (its resident set). */
+    std::size_t resident = 0;
+};
+
+/** @brief The process's memory now (zeros where the platform cannot tell). */
+MemoryUse currentMemoryUse() noexcept;
+
+/** @brief The name of the allocator whose heap currentMemoryUse reports, as printed. */
+const char* allocatorName() noexcept;
+
+/** @brief Bytes per item between two readings (0 for no items or a shrinking reading). */
+double bytesPer(std::size_t before, std::size_t after, std::size_t items) noexcept;
+
+} // namespace keo::scene
