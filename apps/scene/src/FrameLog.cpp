@@ -92,10 +92,10 @@ std::string formatMemory(const ScaleMemory& memory) {
                   memory.heapPerFeature, memory.residentPerFeature, memory.allocator.c_str());
     std::string text = line;
     if (!memory.kinds.empty()) {
-        text += "kind          heap B/feature\n";
+        text += "kind             heap B/feature\n";
     }
     for (const KindMemory& kind : memory.kinds) {
-        std::snprintf(line, sizeof line, "%-13s %14.0f\n", kind.kind.c_str(), kind.heapPerFeature);
+        std::snprintf(line, sizeof line, "%-16s %14.0f\n", kind.kind.c_str(), kind.heapPerFeature);
         text += line;
     }
     return text;

@@ -6,7 +6,7 @@ namespace keo::scene {
 
 /** @brief What the process holds at one moment: heap in use and resident memory, bytes. */
 struct MemoryUse {
-    /** @brief Bytes the allocator has handed out and not taken back (its own overhead included). */
+    /** @brief Bytes of the blocks operator new has handed out and not taken back. */
     std::size_t heap = 0;
     /** @brief Bytes of the process's pages in memory (its resident set). */
     std::size_t resident = 0;

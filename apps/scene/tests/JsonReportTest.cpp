@@ -1,5 +1,6 @@
 #include "JsonParser.h"
 #include "JsonWriter.h"
+#include "MemoryUse.h"
 #include "Program.h"
 #include "Sample.h"
 
@@ -178,7 +179,7 @@ TEST(JsonReportTest, TheScaleRunReportsTheMemoryOfItsFeaturesEachKindAndItsTeard
         << err;
     const JsonValue report = JsonParser::parse(file.read());
     const JsonValue& memory = report["memory"];
-    EXPECT_EQ(memory["allocator"].string, "glibc malloc");
+    EXPECT_EQ(memory["allocator"].string, keo::scene::allocatorName());
     // Fifty features of the sample's kinds hold far more than nothing and far less than a
     // megabyte each.
     EXPECT_GT(memory["heapBytesPerFeature"].number, 500.0);
@@ -195,7 +196,7 @@ TEST(JsonReportTest, TheScaleRunReportsTheMemoryOfItsFeaturesEachKindAndItsTeard
         EXPECT_GT(kind["heapBytesPerFeature"].number, 300.0) << kind["kind"].string;
     }
     EXPECT_NE(out.find("memory: "), std::string::npos);
-    EXPECT_NE(out.find("kind          heap B/feature\n"), std::string::npos);
+    EXPECT_NE(out.find("kind             heap B/feature\n"), std::string::npos);
     EXPECT_NE(out.find("teardown: "), std::string::npos);
 }
 
