@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace keo::Source::detail {
@@ -25,6 +26,12 @@ public:
     FieldTable fields;
     /** @brief The rules in order. */
     std::vector<CompiledRule> rules;
+    /** @brief The id field the sheet asks the reader for; empty: none. */
+    std::string idField;
+    /** @brief The name field the sheet asks the reader for; empty: none. */
+    std::string nameField;
+    /** @brief The computed area field the sheet asks the reader for; empty: none. */
+    std::string areaField;
 
     /**
      * @brief The index of the first rule that styles @p kind and whose filter is true for @p row;

@@ -23,6 +23,7 @@ constexpr const char* A_BOOLEAN = "a boolean";
 constexpr const char* A_NUMBER = "a number";
 constexpr const char* A_STRING = "a string";
 constexpr const char* A_COLOR = "a color";
+constexpr const char* A_FINITE_NUMBER = "a finite number";
 constexpr const char* A_HEIGHT_REFERENCE = "a height reference name";
 constexpr const char* A_DASH_PATTERN = "a whole number from 0 to 65535";
 constexpr double DASH_PATTERN_MAX = 65535.0;
@@ -46,6 +47,15 @@ bool storeHeightReference(ResolvedStyle& style, const Value& value) {
         }
     }
     return false;
+}
+
+// Heights become positions: a NaN or an infinity would spoil the rings for good.
+bool storeFinite(double& field, const Value& value) {
+    if (!std::isfinite(value.asNumber())) {
+        return false;
+    }
+    field = value.asNumber();
+    return true;
 }
 
 bool dashPatternFits(const Value& value) {
@@ -193,10 +203,10 @@ const std::vector<PropertySpec>& polygonProperties() {
 
 const std::vector<PropertySpec>& extrusionProperties() {
     static const std::vector<PropertySpec> SPECS{
-        {"height", NUMBER, A_NUMBER, Value(0),
-         [](ResolvedStyle& s, const Value& v) { return s.extrusion->height = v.asNumber(), true; }},
-        {"base", NUMBER, A_NUMBER, Value(0),
-         [](ResolvedStyle& s, const Value& v) { return s.extrusion->base = v.asNumber(), true; }},
+        {"height", NUMBER, A_FINITE_NUMBER, Value(0),
+         [](ResolvedStyle& s, const Value& v) { return storeFinite(s.extrusion->height, v); }},
+        {"base", NUMBER, A_FINITE_NUMBER, Value(0),
+         [](ResolvedStyle& s, const Value& v) { return storeFinite(s.extrusion->base, v); }},
     };
     return SPECS;
 }

@@ -19,8 +19,7 @@ namespace detail {
 
 /** @brief What the source keeps of a feature to restyle it: objects, attributes, rule, style. */
 struct LiveFeature {
-    std::shared_ptr<keo::Feature::Feature> feature;
-    std::shared_ptr<keo::Feature::Style> style;
+    FeatureObjects objects;
     GeometryKind kind = GeometryKind::Point;
     AttributeRow row;
     std::optional<std::size_t> rule;
@@ -31,7 +30,7 @@ struct LiveFeature {
 struct PlannedFeature {
     const Record* record = nullptr;
     std::optional<std::uint64_t> id;
-    MappedFeature mapped;
+    FeatureObjects objects;
     AttributeRow row;
     std::size_t rule = 0;
     ResolvedStyle resolved;
@@ -88,12 +87,11 @@ std::optional<std::uint64_t> chooseId(const Record& record,
 bool SourceState::plan(const Record& record, std::unordered_set<std::uint64_t>& taken,
                        LoadReport& report, PlannedFeature& planned) const {
     planned.record = &record;
-    planned.mapped = mapRecord(record.geometry);
+    planned.objects = mapRecord(record.geometry);
     const char* kind = KIND_NAMES[static_cast<int>(record.geometry.kind)];
-    if (planned.mapped.geometry == nullptr) {
-        report.add(Issue::KindNotYetSupported,
-                   recordName(record) + ": a " + (record.geometry.multi ? "multi " : "") + kind +
-                       " record has no feature classes to map to yet; no feature");
+    if (planned.objects.geometry == nullptr) {
+        report.add(Issue::EmptyGeometry, recordName(record) + ": a " + kind +
+                                             " record without any " + kind + "; no feature");
         return false;
     }
     fillRow(compiled().fields, record.attributes, planned.row);
@@ -118,42 +116,45 @@ bool SourceState::plan(const Record& record, std::unordered_set<std::uint64_t>& 
 
 void SourceState::build(PlannedFeature& planned) {
     const Record& record = *planned.record;
-    auto feature = std::make_shared<keo::Feature::Feature>(planned.id);
-    feature->setName(record.name);
-    feature->setAttributes(record.attributes);
-    feature->setGeometry(planned.mapped.geometry);
-    feature->setStyle(planned.mapped.style);
-    applyStyle(planned.resolved, *feature, *planned.mapped.style);
-    group->add(feature);
+    FeatureObjects& objects = planned.objects;
+    objects.feature = std::make_shared<keo::Feature::Feature>(planned.id);
+    keo::Feature::Feature& feature = *objects.feature;
+    feature.setName(record.name);
+    feature.setAttributes(record.attributes);
+    feature.setGeometry(objects.geometry);
+    // A multi geometry logs the style as not matching it, and draws it all the same.
+    feature.setStyle(objects.style);
+    applyStyle(planned.resolved, objects);
+    group->add(objects.feature);
     if (collection != nullptr) {
-        collection->add(feature);
+        collection->add(objects.feature);
     }
-    byId.emplace(feature->getId(), features.size());
-    features.push_back({feature, planned.mapped.style, record.geometry.kind, std::move(planned.row),
+    byId.emplace(feature.getId(), features.size());
+    features.push_back({std::move(objects), record.geometry.kind, std::move(planned.row),
                         planned.rule, std::move(planned.resolved)});
 }
 
 void SourceState::restyle(LiveFeature& live, std::uint32_t slot, LoadReport& report) const {
-    const std::uint64_t id = live.feature->getId();
+    const std::uint64_t id = live.objects.feature->getId();
     if (compiled().choiceReads(live.rule, slot)) {
         const auto rule = compiled().match(live.kind, live.row, id, report);
         if (!rule) {
             report.add(Issue::NoMatchingRule,
                        "feature " + std::to_string(id) + ": no rule styles it any more; hidden");
             live.rule.reset();
-            live.feature->setShow(false);
+            live.objects.feature->setShow(false);
             return;
         }
         if (rule != live.rule) {
             live.rule = rule;
             live.resolved = compiled().resolve(*rule, live.kind, live.row, id, report);
-            applyStyle(live.resolved, *live.feature, *live.style);
+            applyStyle(live.resolved, live.objects);
             return;
         }
     }
     if (live.rule &&
         compiled().refresh(*live.rule, live.kind, live.row, id, slot, live.resolved, report) > 0) {
-        applyStyle(live.resolved, *live.feature, *live.style);
+        applyStyle(live.resolved, live.objects);
     }
 }
 
@@ -212,9 +213,12 @@ std::size_t VectorSource::add(const RecordSet& records, LoadReport& report, bool
 
 namespace {
 
+// Reads with the fields the sheet asks for where the options name none, then styles and adds.
 template <typename Read>
 std::unique_ptr<VectorSource> load(const LoadOptions& options, LoadReport& report, Read&& read) {
-    const RecordSet records = read();
+    const auto& sheet =
+        options.styleSheet != nullptr ? *options.styleSheet : *StyleSheet::defaultSheet();
+    const RecordSet records = read(sheet.completeReadOptions(options.read));
     if (report.failed()) {
         return nullptr;
     }
@@ -228,14 +232,16 @@ std::unique_ptr<VectorSource> load(const LoadOptions& options, LoadReport& repor
 
 std::unique_ptr<VectorSource>
 VectorSource::loadFile(const std::string& path, const LoadOptions& options, LoadReport& report) {
-    return load(options, report, [&] { return Reader::readFile(path, options.read, report); });
+    return load(options, report,
+                [&](const ReadOptions& read) { return Reader::readFile(path, read, report); });
 }
 
 std::unique_ptr<VectorSource> VectorSource::loadText(std::string_view text,
                                                      const LoadOptions& options, LoadReport& report,
                                                      const std::string& extension) {
-    return load(options, report,
-                [&] { return Reader::readText(text, options.read, report, extension); });
+    return load(options, report, [&](const ReadOptions& read) {
+        return Reader::readText(text, read, report, extension);
+    });
 }
 
 const std::shared_ptr<keo::Feature::FeatureGroup>& VectorSource::group() const noexcept {
@@ -256,7 +262,7 @@ std::size_t VectorSource::size() const noexcept {
 
 std::shared_ptr<keo::Feature::Feature> VectorSource::feature(std::uint64_t id) const {
     const auto found = state_->byId.find(id);
-    return found == state_->byId.end() ? nullptr : state_->features[found->second].feature;
+    return found == state_->byId.end() ? nullptr : state_->features[found->second].objects.feature;
 }
 
 const ResolvedStyle* VectorSource::resolvedStyle(std::uint64_t id) const {
@@ -271,7 +277,7 @@ bool VectorSource::setAttribute(std::uint64_t id, const std::string& name,
         return false;
     }
     detail::LiveFeature& live = state_->features[found->second];
-    live.feature->setAttribute(name, value);
+    live.objects.feature->setAttribute(name, value);
     const auto slot = state_->compiled().fields.find(name);
     if (!slot) {
         return true;
