@@ -46,11 +46,11 @@ public:
                           std::optional<std::uint64_t> featureId, LoadReport& report) const;
     /**
      * @brief Evaluates again, into @p style, the values of rule @p rule for @p kind that read
-     * @p slot; returns how many it evaluated.
+     * @p slot; returns the parts of the style it evaluated values of (0: none).
      */
-    std::size_t refresh(std::size_t rule, GeometryKind kind, const AttributeRow& row,
-                        std::optional<std::uint64_t> featureId, std::uint32_t slot,
-                        ResolvedStyle& style, LoadReport& report) const;
+    StyleParts refresh(std::size_t rule, GeometryKind kind, const AttributeRow& row,
+                       std::optional<std::uint64_t> featureId, std::uint32_t slot,
+                       ResolvedStyle& style, LoadReport& report) const;
     /**
      * @brief Whether a change of @p slot can change which rule a record gets, given that it now
      * gets @p rule (empty: none): true when a filter of that rule or of one before it reads the

@@ -115,17 +115,17 @@ void raisePolygons(Geometry& geometry, double delta) {
 
 // ---- symbols and materials ---------------------------------------------------------------------
 
-// The symbol of class Held that a slot holds (@p current), or a new one installed through
-// @p install when the slot holds none or a symbol of another class.
-template <typename Held, typename Pointer, typename Install>
-Held& symbolIn(const Pointer& current, Install&& install) {
-    auto* held = dynamic_cast<Held*>(current.get());
-    if (held == nullptr) {
-        auto made = std::make_shared<Held>();
-        held = made.get();
-        install(std::move(made));
+// The symbol a slot holds (@p current), or a new one installed through @p install when the slot
+// holds none.
+template <typename Held, typename Install>
+Held& symbolIn(const std::shared_ptr<Held>& current, Install&& install) {
+    if (current != nullptr) {
+        return *current;
     }
-    return *held;
+    auto made = std::make_shared<Held>();
+    Held& held = *made;
+    install(std::move(made));
+    return held;
 }
 
 // Paints @p holder (a line or a polygon symbol) with one colour: its ColorMaterial recoloured,
@@ -206,17 +206,23 @@ void applyPolylineStyle(const ResolvedPolylineStyle& resolved, PolylineStyle& st
     applyMaterial(resolved.material, line);
 }
 
-// The surface: filled and outlined as the rule says; hidden (no area, no outline) for a rule
-// that gives the polygon only an extrusion.
-void applySurface(const std::optional<ResolvedPolygonStyle>& resolved, PolygonStyle& style) {
+// The surface: filled (PART_FILL) and outlined (PART_OUTLINE) as the rule says; hidden (no area,
+// no outline) for a rule that gives the polygon only an extrusion.
+void applySurface(const std::optional<ResolvedPolygonStyle>& resolved, PolygonStyle& style,
+                  StyleParts parts) {
     PolygonSymbol& surface = symbolIn<PolygonSymbol>(
         style.getPolygonSymbol(), [&](auto symbol) { style.setPolygonSymbol(symbol); });
     surface.setEnabled(resolved.has_value());
     if (!resolved) {
         return;
     }
-    surface.setFill(resolved->filled);
-    applyMaterial(resolved->fill, surface);
+    if ((parts & PART_FILL) != 0) {
+        surface.setFill(resolved->filled);
+        applyMaterial(resolved->fill, surface);
+    }
+    if ((parts & PART_OUTLINE) == 0) {
+        return;
+    }
     if (!resolved->outline) {
         surface.setOutLineSymbol(nullptr);
         return;
@@ -227,35 +233,51 @@ void applySurface(const std::optional<ResolvedPolygonStyle>& resolved, PolygonSt
     applyColor(resolved->outlineColor, outline);
 }
 
-// The extrusion: a wall and a roof of the material, raised from the rings (which stand on the
-// base) by the height above the base.
-void applyExtrusion(const std::optional<ResolvedExtrusionStyle>& resolved, PolygonStyle& style) {
+// The extrusion: raised from the rings (which stand on the base) by the height above the base
+// (PART_EXTRUSION); a wall and a roof, both drawn by one PolygonSymbol of the material
+// (PART_EXTRUSION_MATERIAL).
+void applyExtrusion(const std::optional<ResolvedExtrusionStyle>& resolved, PolygonStyle& style,
+                    StyleParts parts) {
     if (!resolved) {
         style.setExtrusionSymbol(nullptr);
         return;
     }
     ExtrusionSymbol& extrusion = symbolIn<ExtrusionSymbol>(
         style.getExtrusionSymbol(), [&](auto symbol) { style.setExtrusionSymbol(symbol); });
-    extrusion.setHeightReference(ExtrusionSymbol::HeightReference::Relative);
-    extrusion.setHeight(resolved->height - resolved->base);
-    PolygonSymbol& wall = symbolIn<PolygonSymbol>(
-        extrusion.getBodySymbol(), [&](auto symbol) { extrusion.setBodySymbol(symbol); });
-    applyMaterial(resolved->material, wall);
-    PolygonSymbol& roof = symbolIn<PolygonSymbol>(
-        extrusion.getTailSymbol(), [&](auto symbol) { extrusion.setTailSymbol(symbol); });
-    applyMaterial(resolved->material, roof);
+    if ((parts & PART_EXTRUSION) != 0) {
+        extrusion.setHeightReference(ExtrusionSymbol::HeightReference::Relative);
+        extrusion.setHeight(resolved->height - resolved->base);
+    }
+    if ((parts & PART_EXTRUSION_MATERIAL) == 0) {
+        return;
+    }
+    const std::shared_ptr<keo::Feature::Symbol>& body = extrusion.getBodySymbol();
+    if (body == nullptr || body->getType() != keo::Feature::Symbol::Type::Polygon ||
+        extrusion.getTailSymbol() != body) {
+        auto surface = std::make_shared<PolygonSymbol>();
+        extrusion.setBodySymbol(surface);
+        extrusion.setTailSymbol(surface);
+    }
+    applyMaterial(resolved->material, static_cast<PolygonSymbol&>(*extrusion.getBodySymbol()));
 }
 
-// The symbols of the style's own kind.
-void applyKindStyle(const ResolvedStyle& resolved, keo::Feature::Style& style) {
-    if (PointStyle* point = style.asPointStyle(); point != nullptr && resolved.point) {
-        applyPointStyle(*resolved.point, *point);
-    } else if (PolylineStyle* line = style.asPolylineStyle();
-               line != nullptr && resolved.polyline) {
-        applyPolylineStyle(*resolved.polyline, *line);
+// The symbols of the style's own kind: the parts @p parts names of them.
+void applyKindStyle(const ResolvedStyle& resolved, keo::Feature::Style& style, StyleParts parts) {
+    if (PointStyle* point = style.asPointStyle(); point != nullptr) {
+        if ((parts & PART_POINT) != 0 && resolved.point) {
+            applyPointStyle(*resolved.point, *point);
+        }
+    } else if (PolylineStyle* line = style.asPolylineStyle(); line != nullptr) {
+        if ((parts & PART_LINE) != 0 && resolved.polyline) {
+            applyPolylineStyle(*resolved.polyline, *line);
+        }
     } else if (PolygonStyle* polygon = style.asPolygonStyle(); polygon != nullptr) {
-        applySurface(resolved.polygon, *polygon);
-        applyExtrusion(resolved.extrusion, *polygon);
+        if ((parts & (PART_FILL | PART_OUTLINE)) != 0) {
+            applySurface(resolved.polygon, *polygon, parts);
+        }
+        if ((parts & (PART_EXTRUSION | PART_EXTRUSION_MATERIAL)) != 0) {
+            applyExtrusion(resolved.extrusion, *polygon, parts);
+        }
     }
 }
 
@@ -285,15 +307,21 @@ FeatureObjects mapRecord(const RecordGeometry& geometry) {
     return objects;
 }
 
-void applyStyle(const ResolvedStyle& resolved, FeatureObjects& objects) {
+void applyStyle(const ResolvedStyle& resolved, FeatureObjects& objects, StyleParts parts) {
     keo::Feature::Feature& feature = *objects.feature;
     keo::Feature::Style& style = *objects.style;
-    feature.setShow(resolved.visible);
-    feature.setDistanceDisplayCondition(resolved.distanceDisplayCondition);
-    style.setHeightReference(resolved.heightReference);
-    applyLabel(resolved.label, feature, style);
-    applyKindStyle(resolved, style);
-    applyBase(resolved, objects);
+    if ((parts & PART_FEATURE) != 0) {
+        feature.setShow(resolved.visible);
+        feature.setDistanceDisplayCondition(resolved.distanceDisplayCondition);
+        style.setHeightReference(resolved.heightReference);
+    }
+    if ((parts & PART_LABEL) != 0) {
+        applyLabel(resolved.label, feature, style);
+    }
+    applyKindStyle(resolved, style, parts);
+    if ((parts & PART_EXTRUSION) != 0) {
+        applyBase(resolved, objects);
+    }
 }
 
 } // namespace keo::Source::detail

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "StyleRule.h"
+
 #include "Source/RecordGeometry.h"
 #include "Source/ResolvedStyle.h"
 
@@ -39,15 +41,18 @@ struct FeatureObjects {
 FeatureObjects mapRecord(const RecordGeometry& geometry);
 
 /**
- * @brief Gives the feature of @p objects and its style the values of @p resolved through their
- * setters, so that only values that differ raise events: the visibility, distance display
- * condition and label text on the feature; the height reference and the label symbol on the
- * style; then the kind's own symbols: a dot and an image for points; a line of the width and
- * material for lines; for polygons the surface (fill material and switch, outline; hidden when
- * the rule gives only an extrusion) and the extrusion (a wall and a roof of the material, from
- * the base up to the height). The polygon rings are raised to the extrusion base: by the
- * difference to the base they were raised by before.
+ * @brief Gives the feature of @p objects and its style the values of the @p parts of @p resolved
+ * through their setters, so that only values that differ raise events: the visibility, distance
+ * display condition and height reference (PART_FEATURE); the label symbol and the label text
+ * (PART_LABEL); a dot and an image for points (PART_POINT); a line of the width and material for
+ * lines (PART_LINE); for polygons the surface, hidden when the rule gives only an extrusion (its
+ * fill material and switch, PART_FILL, and outline, PART_OUTLINE), and the extrusion: its height
+ * above the base to which the polygon rings are raised (by the difference to the base they were
+ * raised by before, PART_EXTRUSION) and the material of its wall and roof
+ * (PART_EXTRUSION_MATERIAL). A part left out touches none of its objects, so that a
+ * re-evaluation reaches only what it evaluated; a new rule hands on every part.
  */
-void applyStyle(const ResolvedStyle& resolved, FeatureObjects& objects);
+void applyStyle(const ResolvedStyle& resolved, FeatureObjects& objects,
+                StyleParts parts = PART_ALL);
 
 } // namespace keo::Source::detail

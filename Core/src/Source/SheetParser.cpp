@@ -61,6 +61,7 @@ CompiledProperty compileProperty(Compiler& compiler, const json& value, const st
     property.expectation = spec.expectation;
     property.fallback = spec.fallback;
     property.store = spec.store;
+    property.part = spec.part;
     Compiler::collectSlots(property.node, property.slots);
     const Value& constant = property.node.constant;
     if (property.node.evaluate == evaluateConstant && !constant.isNull()) {

@@ -7,6 +7,7 @@
 #include "Source/ResolvedStyle.h"
 #include "Source/Value.h"
 
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -18,6 +19,30 @@ namespace keo::Source::detail {
  * outside 16 bits), which the caller treats as a value of the wrong type.
  */
 using Store = bool (*)(ResolvedStyle& style, const Value& value);
+
+/**
+ * @brief The parts of a resolved style that go to separate objects of a feature, as bits: a
+ * re-evaluation hands on only the parts whose values it evaluated again.
+ */
+using StyleParts = std::uint8_t;
+/** @brief The visibility, distance display condition and height reference. */
+constexpr StyleParts PART_FEATURE = 1;
+/** @brief The label. */
+constexpr StyleParts PART_LABEL = 2;
+/** @brief The point's dot and image. */
+constexpr StyleParts PART_POINT = 4;
+/** @brief The line's width and material. */
+constexpr StyleParts PART_LINE = 8;
+/** @brief The polygon's fill switch and material. */
+constexpr StyleParts PART_FILL = 16;
+/** @brief The polygon's outline. */
+constexpr StyleParts PART_OUTLINE = 32;
+/** @brief The extrusion's height and base (the base the polygon rings stand on). */
+constexpr StyleParts PART_EXTRUSION = 64;
+/** @brief The extrusion's material. */
+constexpr StyleParts PART_EXTRUSION_MATERIAL = 128;
+/** @brief Every part. */
+constexpr StyleParts PART_ALL = 255;
 
 /** @brief One value of a rule compiled: its expression, type, default, the slots it reads. */
 struct CompiledProperty {
@@ -33,6 +58,8 @@ struct CompiledProperty {
     Store store = nullptr;
     /** @brief The attribute slots the expression reads. */
     SlotSet slots;
+    /** @brief The part of the style the value belongs to. */
+    StyleParts part = PART_FEATURE;
 };
 
 /** @brief The style a rule gives one kind: present or not, its values, its material kind. */

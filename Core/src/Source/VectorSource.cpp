@@ -152,9 +152,13 @@ void SourceState::restyle(LiveFeature& live, std::uint32_t slot, LoadReport& rep
             return;
         }
     }
-    if (live.rule &&
-        compiled().refresh(*live.rule, live.kind, live.row, id, slot, live.resolved, report) > 0) {
-        applyStyle(live.resolved, live.objects);
+    if (!live.rule) {
+        return;
+    }
+    const StyleParts parts =
+        compiled().refresh(*live.rule, live.kind, live.row, id, slot, live.resolved, report);
+    if (parts != 0) {
+        applyStyle(live.resolved, live.objects, parts);
     }
 }
 

@@ -527,6 +527,27 @@ TEST(VectorSourceGeometryTest, AnEditRecoloursThePolygonOnTheNextUpdateAndNothin
     EXPECT_EQ(report.problemCount(), 0U);
 }
 
+TEST(VectorSourceGeometryTest, AnEditHandsOnOnlyThePartsOfTheStyleItEvaluatedAgain) {
+    Loaded loaded = load();
+    ASSERT_NE(loaded.source, nullptr);
+    const auto block = loaded.source->feature(3);
+    const auto& surface = polygonStyleOf(*block).getPolygonSymbol();
+    ASSERT_NE(surface, nullptr);
+    // An edit made by the application on the outline, which no value of the sheet reads again.
+    const keo::Feature::LineSymbol* outline = surface->getOutLineSymbol().get();
+    ASSERT_NE(outline, nullptr);
+    auto* outlineColour = dynamic_cast<ColorMaterial*>(outline->getMaterial().get());
+    ASSERT_NE(outlineColour, nullptr);
+    outlineColour->setColor(Color::RED);
+    LoadReport report;
+    loaded.source->setAttribute(3, "use", text("home"), report);
+    EXPECT_EQ(colorOf(surface->getMaterial()), Color(1.0f, 0xa5 / 255.0f, 0.0f));
+    EXPECT_EQ(outlineColour->getColor(), Color::RED) << "the outline was not evaluated again";
+    loaded.source->setAttribute(3, "use", text("water"), report);
+    EXPECT_EQ(polygonStyleOf(*block).getPolygonSymbol()->getOutLineSymbol(), nullptr)
+        << "a new rule hands on every part";
+}
+
 TEST(VectorSourceGeometryTest, AnEditReExtrudesAndRelabelsThePolygon) {
     Loaded loaded = load();
     ASSERT_NE(loaded.source, nullptr);
