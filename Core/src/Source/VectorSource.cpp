@@ -179,7 +179,9 @@ VectorSource::~VectorSource() = default;
 std::size_t VectorSource::add(const RecordSet& records, LoadReport& report, bool strict) {
     const std::size_t problemsBefore = report.problemCount();
     const std::size_t entriesBefore = report.entries().size();
+    const std::size_t expected = state_->features.size() + records.records.size();
     std::unordered_set<std::uint64_t> taken;
+    taken.reserve(expected);
     for (const auto& [id, index] : state_->byId) {
         taken.insert(id);
     }
@@ -205,6 +207,8 @@ std::size_t VectorSource::add(const RecordSet& records, LoadReport& report, bool
     if (state_->collection != nullptr) {
         state_->collection->suspendEvents();
     }
+    state_->features.reserve(expected);
+    state_->byId.reserve(expected);
     for (detail::PlannedFeature& next : planned) {
         state_->build(next);
     }
