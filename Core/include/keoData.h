@@ -21,6 +21,7 @@
 #include "Data/DistanceDisplayCondition.h"
 #include "Data/EllipseGraphics.h"
 #include "Data/Entity.h"
+#include "Data/EntityOwner.h"
 #include "Data/FieldList.h"
 #include "Data/FilledGeometryGraphics.h"
 #include "Data/GeometryGraphics.h"

@@ -23,6 +23,8 @@
 #include "Feature/FeatureExport.h"
 #include "Feature/FeatureGroup.h"
 #include "Feature/FeatureStatus.h"
+#include "Feature/FrameChanges.h"
+#include "Feature/FrameDriver.h"
 #include "Feature/FunctionWrapper.h"
 #include "Feature/Geometry.h"
 #include "Feature/Highlight.h"

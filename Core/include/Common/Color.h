@@ -67,8 +67,8 @@ public:
      */
     static std::optional<Color> fromCssHex(std::string_view text) noexcept;
     /**
-     * @brief The colour as lower-case CSS hexadecimal text: "#rrggbb" when opaque, else
-     * "#rrggbbaa". Each component is clamped to 0..1 and rounded to the nearest byte; NaN
+     * @brief The colour as lower-case CSS hexadecimal text: "#rrggbb" when alpha rounds to 255,
+     * else "#rrggbbaa". Each component is clamped to 0..1 and rounded to the nearest byte; NaN
      * gives 0.
      */
     std::string toCssHex() const;

@@ -20,8 +20,10 @@ public:
     /**
      * @brief An ellipsoid from its equatorial radius @p a (metres) and flattening @p f.
      *
-     * Requires a > 0 and 0 <= f < 1 (oblate or a sphere); other values give an ellipsoid whose
-     * conversions return no values.
+     * Requires a finite a > 0 and 0 <= f < 1 (oblate or a sphere). Other values are stored all the
+     * same, but give an ellipsoid that converts nothing: cartographicToCartesian returns NaN
+     * coordinates and cartesianToCartographic and geodeticSurfaceNormal of a Cartesian position
+     * return no value.
      */
     Ellipsoid(double a, double f) noexcept;
 
@@ -43,7 +45,10 @@ public:
     /** @brief The smaller radius (b), metres. */
     double getMinimumRadius() const noexcept { return b_; }
 
-    /** @brief The Cartesian position (ECEF, metres) of a geodetic position. */
+    /**
+     * @brief The Cartesian position (ECEF, metres) of a geodetic position (closed form, exact to
+     * rounding). NaN coordinates on an ellipsoid whose parameters are out of range.
+     */
     Vector3<double> cartographicToCartesian(const Cartographic& cartographic) const noexcept;
 
     /**
@@ -57,7 +62,10 @@ public:
     std::optional<Cartographic>
     cartesianToCartographic(const Vector3<double>& cartesian) const noexcept;
 
-    /** @brief The outward unit normal of the surface at a geodetic position. */
+    /**
+     * @brief The outward unit normal of the surface at a geodetic position; it depends on the
+     * longitude and latitude only (the height and the ellipsoid's parameters play no part).
+     */
     Vector3<double> geodeticSurfaceNormal(const Cartographic& cartographic) const noexcept;
 
     /**

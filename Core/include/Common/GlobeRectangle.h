@@ -45,14 +45,16 @@ public:
 
     /**
      * @brief The smallest rectangle holding every position: the narrower of the spans that does
-     * and does not cross the antimeridian. EMPTY for an empty list; positions with a NaN
-     * coordinate are skipped.
+     * and does not cross the antimeridian (longitudes are first brought into [-pi, pi]). Positions
+     * with a NaN or infinite longitude or latitude, or a NaN height, are skipped; EMPTY when no
+     * position is left.
      */
     static GlobeRectangle
     fromCartographicArray(const std::vector<Cartographic>& positions) noexcept;
     /**
      * @brief fromCartographicArray of Cartesian positions (ECEF, metres) converted on
-     * @p ellipsoid; positions that have no geodetic position (the centre) are skipped.
+     * @p ellipsoid; positions that have no geodetic position (the centre, a non-finite coordinate)
+     * are skipped.
      */
     static GlobeRectangle fromCartesianArray(const std::vector<Vector3<double>>& positions,
                                              const Ellipsoid& ellipsoid) noexcept;

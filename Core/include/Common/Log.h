@@ -17,7 +17,9 @@ namespace keo {
  * @brief The process-wide log: records at or above a minimum level go to every installed sink.
  *
  * Thread-safe. At start it has one StderrLogSink and the minimum level 2 (info). Sinks are called
- * outside the log's own lock, so a sink may itself log or change the sinks.
+ * outside the log's own lock, so a sink may itself log or change the sinks. A record goes to the
+ * sinks installed when log() began: a sink removed meanwhile may still receive it, one added
+ * meanwhile does not.
  */
 class KEO_COMMON_API Log final {
 public:

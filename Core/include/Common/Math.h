@@ -64,9 +64,15 @@ public:
     static constexpr double toDegrees(double radians) noexcept {
         return radians * DEGREES_PER_RADIAN;
     }
-    /** @brief An angle in radians brought into [-pi, pi]; NaN stays NaN. */
+    /**
+     * @brief An angle in radians brought into [-pi, pi] (an angle already in range is returned
+     * unchanged); NaN and the infinities give NaN.
+     */
     static double negativePiToPi(double radians) noexcept;
-    /** @brief An angle in radians brought into [0, 2 pi]; NaN stays NaN. */
+    /**
+     * @brief An angle in radians brought into [0, 2 pi] (an angle already in range is returned
+     * unchanged); NaN and the infinities give NaN.
+     */
     static double zeroToTwoPi(double radians) noexcept;
 
     /**
@@ -75,8 +81,8 @@ public:
      *
      * Heights are ignored. Coincident points give 0. Where Vincenty's iteration does not converge
      * (nearly antipodal points), the distance is found by a robust fallback whose method is
-     * described in the implementation. Finite input never gives NaN and never hangs; a NaN
-     * coordinate gives NaN.
+     * described in the implementation. Finite input never gives NaN and never hangs; a NaN or
+     * infinite longitude or latitude gives NaN. Latitudes beyond +-pi/2 are taken over the pole.
      */
     static double computeVincentyDistR(const Cartographic& from, const Cartographic& to) noexcept;
 };

@@ -9,7 +9,8 @@ namespace keo {
 
 /**
  * @brief Writes each record as one line to standard error:
- * "[level] file:line function: message". The message bytes pass through unchanged.
+ * "[level] file:line function: message", the level by its name ("warning" for 3; "level" for an
+ * integer outside 0..5). The message bytes pass through unchanged.
  */
 class KEO_COMMON_API StderrLogSink final : public LogSink {
 public:

@@ -57,7 +57,10 @@ struct Vector2 final {
     constexpr T magnitudeSquared() const noexcept { return dot(*this); }
     /** @brief Euclidean length. */
     T magnitude() const noexcept { return std::sqrt(magnitudeSquared()); }
-    /** @brief The unit vector of the same direction; the zero vector is returned unchanged. */
+    /**
+     * @brief The unit vector of the same direction; the zero vector and a vector with a NaN
+     * component are returned unchanged.
+     */
     Vector2 normalize() const noexcept {
         const T m = magnitude();
         return m > T(0) ? *this / m : *this;

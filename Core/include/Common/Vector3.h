@@ -76,8 +76,9 @@ struct Vector3 final {
     /**
      * @brief The unit vector of the same direction.
      *
-     * A vector of length zero has no direction: it is returned unchanged (the zero vector), and a
-     * vector with a NaN component gives NaN components.
+     * A vector of length zero has no direction: it is returned unchanged (the zero vector), and so
+     * is a vector with a NaN component. A vector with an infinite component gives NaN for that
+     * component (and 0 for the finite ones).
      */
     Vector3 normalize() const noexcept {
         const T m = magnitude();

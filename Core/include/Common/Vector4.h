@@ -61,7 +61,10 @@ struct Vector4 final {
     constexpr T magnitudeSquared() const noexcept { return dot(*this); }
     /** @brief Euclidean length. */
     T magnitude() const noexcept { return std::sqrt(magnitudeSquared()); }
-    /** @brief The unit vector of the same direction; the zero vector is returned unchanged. */
+    /**
+     * @brief The unit vector of the same direction; the zero vector and a vector with a NaN
+     * component are returned unchanged.
+     */
     Vector4 normalize() const noexcept {
         const T m = magnitude();
         return m > T(0) ? *this / m : *this;

@@ -9,7 +9,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace keo {
@@ -25,8 +24,20 @@ namespace keo {
  */
 class KEO_DATA_API FieldList final {
 public:
-    /** @brief One entry: the name and the JSON literal of the value. */
-    using Entry = std::pair<std::string, std::string>;
+    /**
+     * @brief One entry: the name, the JSON literal of the value and, for an enumeration, the
+     * name of its value (empty otherwise), which dumps write beside the number.
+     */
+    struct Entry {
+        std::string name;
+        std::string json;
+        std::string word = std::string();
+
+        /** @brief Entries are equal when their name, literal and value name are. */
+        friend bool operator==(const Entry& a, const Entry& b) {
+            return a.name == b.name && a.json == b.json && a.word == b.word;
+        }
+    };
 
     /** @brief Adds a boolean. */
     void add(std::string_view name, bool value);
@@ -58,6 +69,11 @@ public:
     void add(std::string_view name, const Vector3<double>& value);
     /** @brief Adds a vector as an array of four numbers. */
     void add(std::string_view name, const Vector4<float>& value);
+    /**
+     * @brief Adds an enumeration: its number @p value and the name @p word of that value (null
+     * for a value without a name: then only the number).
+     */
+    void addEnum(std::string_view name, int value, const char* word);
     /** @brief Adds a JSON null (an absent optional value). */
     void addNull(std::string_view name);
     /** @brief Adds a value already written as a JSON literal (not checked). */

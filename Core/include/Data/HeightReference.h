@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 namespace keo {
@@ -20,6 +21,19 @@ enum class HeightReference : std::uint8_t {
     ClampTo3DTiles = 5,    ///< On the 3D Tiles.
     RelativeTo3DTiles = 6, ///< Heights are above the 3D Tiles.
 };
+
+/**
+ * @brief The name of @p value as scene dumps write it ("absolute", "clampToGround",
+ * "relativeToGround", "clampToTerrain", "relativeToTerrain", "clampTo3DTiles",
+ * "relativeTo3DTiles"), or null for a value outside the enumeration.
+ */
+constexpr const char* toString(HeightReference value) noexcept {
+    constexpr const char* NAMES[] = {"absolute",         "clampToGround",     "relativeToGround",
+                                     "clampToTerrain",   "relativeToTerrain", "clampTo3DTiles",
+                                     "relativeTo3DTiles"};
+    const auto index = static_cast<std::size_t>(value);
+    return index < sizeof NAMES / sizeof NAMES[0] ? NAMES[index] : nullptr;
+}
 
 /** @brief Whether @p value is one of the seven named height references (0 to 6). */
 constexpr bool isValid(HeightReference value) noexcept {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 namespace keo {
@@ -13,6 +14,16 @@ enum class HorizontalOrigin : std::uint8_t {
     Left = 1,   ///< The left edge: the image or text extends to the right of the anchor.
     Right = 2,  ///< The right edge: the image or text extends to the left of the anchor.
 };
+
+/**
+ * @brief The name of @p value as scene dumps write it ("center", "left", "right"),
+ * or null for a value outside the enumeration.
+ */
+constexpr const char* toString(HorizontalOrigin value) noexcept {
+    constexpr const char* NAMES[] = {"center", "left", "right"};
+    const auto index = static_cast<std::size_t>(value);
+    return index < sizeof NAMES / sizeof NAMES[0] ? NAMES[index] : nullptr;
+}
 
 /** @brief Whether @p value is one of the three named origins (0 to 2). */
 constexpr bool isValid(HorizontalOrigin value) noexcept {

@@ -27,7 +27,7 @@ public:
     std::uint32_t getHeight() const noexcept { return height_; }
     /** @brief The RGBA bytes, row by row from the top. */
     const std::vector<std::uint8_t>& getPixels() const noexcept { return rgba_; }
-    /** @brief Whether the image has no pixels. */
+    /** @brief Whether the image has no pixels (also an image made with a width or height of 0). */
     bool isEmpty() const noexcept { return rgba_.empty(); }
 
     /** @brief Equality of size and every byte. */

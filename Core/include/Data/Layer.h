@@ -55,7 +55,11 @@ public:
     void removeAllEntities() noexcept;
     /** @brief The number of root entities. */
     std::size_t getEntityCount() const noexcept { return places_.size(); }
-    /** @brief The root entities in the order they were added. */
+    /**
+     * @brief The root entities in the order they were added. The reference stays valid until the
+     * layer next changes; the call may close the gaps left by removals, so even concurrent reads
+     * need the layer's thread.
+     */
     const std::vector<std::shared_ptr<Entity>>& getEntities() const;
 
 private:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 namespace keo {
@@ -14,6 +15,16 @@ enum class VerticalOrigin : std::uint8_t {
     Baseline = 2, ///< The text baseline (the bottom edge for an image).
     Top = 3,      ///< The top edge: the image or text hangs below the anchor.
 };
+
+/**
+ * @brief The name of @p value as scene dumps write it ("center", "bottom",
+ * "baseline", "top"), or null for a value outside the enumeration.
+ */
+constexpr const char* toString(VerticalOrigin value) noexcept {
+    constexpr const char* NAMES[] = {"center", "bottom", "baseline", "top"};
+    const auto index = static_cast<std::size_t>(value);
+    return index < sizeof NAMES / sizeof NAMES[0] ? NAMES[index] : nullptr;
+}
 
 /** @brief Whether @p value is one of the four named origins (0 to 3). */
 constexpr bool isValid(VerticalOrigin value) noexcept {

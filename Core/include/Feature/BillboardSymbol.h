@@ -89,9 +89,12 @@ public:
     const VerticalOrigin& getVerticalOrigin() const noexcept { return verticalOrigin_; }
     /** @brief Sets which vertical point of the image sits on the anchor. */
     void setVerticalOrigin(const VerticalOrigin& origin);
-    /** @brief The offset of the anchor from the projected position, pixels (x right, y down). */
+    /** @brief The offset of the anchor from the projected position, pixels (x right, y up). */
     const Vector2<float>& getPixelOffset() const noexcept { return pixelOffset_; }
-    /** @brief Sets the offset of the anchor from the projected position, pixels. */
+    /**
+     * @brief Sets the offset of the anchor from the projected position, pixels (x right, y up;
+     * an offset with a NaN is stored, and the billboard graphics ignore it).
+     */
     void setPixelOffset(const Vector2<float>& offset);
 
     /**

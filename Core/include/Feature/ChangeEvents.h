@@ -6,7 +6,6 @@
 
 #include <functional>
 #include <memory>
-#include <type_traits>
 #include <utility>
 
 namespace keo::Feature {
@@ -39,9 +38,12 @@ public:
     _addDefinitionChangedEventListener(std::function<void(Args...)>&& callback) {
         return definitionChanged_.addEventListener(std::move(callback));
     }
-    /** @brief Adds the callable @p callback, stored as it is, to the definition-changed event. */
-    template <typename Function,
-              typename = std::enable_if_t<std::is_invocable_v<std::decay_t<Function>&, Args...>>>
+    /**
+     * @brief Adds the callable @p callback, stored as it is, to the definition-changed event. A
+     * callable of the wrong signature does not compile: one static_assert names the owner and the
+     * signature (void(const Style*) for a Style, void() for the other owners).
+     */
+    template <typename Function>
     std::weak_ptr<FunctionWrapper> _addDefinitionChangedEventListener(Function&& callback) {
         return definitionChanged_.addEventListener(std::forward<Function>(callback));
     }
@@ -50,9 +52,11 @@ public:
     _addChangedLockEventListener(std::function<void(bool)>&& callback) {
         return changedLock_.addEventListener(std::move(callback));
     }
-    /** @brief Adds the callable @p callback, stored as it is, to the changed-lock event. */
-    template <typename Function,
-              typename = std::enable_if_t<std::is_invocable_v<std::decay_t<Function>&, bool>>>
+    /**
+     * @brief Adds the callable @p callback, stored as it is, to the changed-lock event. A
+     * callable that cannot be called as void(bool) does not compile: one static_assert says so.
+     */
+    template <typename Function>
     std::weak_ptr<FunctionWrapper> _addChangedLockEventListener(Function&& callback) {
         return changedLock_.addEventListener(std::forward<Function>(callback));
     }

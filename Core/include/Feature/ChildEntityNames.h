@@ -12,22 +12,26 @@
  * every update (keo::Entity::getChildByName). The names are a contract with the rendering side
  * and with user code, which may look children up by them: they never change.
  *
- * | name | graphics | built by |
- * |---|---|---|
- * | "label-symbol" | keo::LabelGraphics | every kind with a shown label symbol and a text |
- * | "hint-line" (child of "label-symbol") | keo::PolylineGraphics | a label that asks for it |
- * | "billboard-symbol" | keo::BillboardGraphics | a point with a shown billboard symbol |
- * | "model-symbol" | keo::ModelGraphics | a point with a shown model symbol with a model |
- * | "particle-system--symbol" | keo::ParticleSystemGraphics | a point with a shown particle symbol
- * with an image | | "overlay-line-symbol" | keo::PolylineGraphics | a polyline's overlay line | |
- * "line-volume-symbol" | keo::PolylineVolumeGraphics | a polyline's line volume | |
- * "length-label-total" | keo::LabelGraphics | the total length label of a line or area | |
- * "length-label-segment-" and the index | keo::LabelGraphics | the length label of one segment | |
- * "outline-symbol" | keo::PolylineGraphics | a polygon's outline | | "outline-hole-symbol-" and the
- * index | keo::PolylineGraphics | the outline of a polygon's hole | | "extrusion-wall-symbol" |
- * keo::WallGraphics | the wall of an extrusion | | "extrusion-roof-symbol" | keo::PolylineGraphics
- * or keo::PolygonGraphics | the roof of an extrusion | | "extrusion-roof-outline-symbol" |
- * keo::PolylineGraphics | the outline of an extruded polygon's roof |
+ * The names, with their graphics and what builds them:
+ * - "label-symbol", keo::LabelGraphics: every kind with a shown label symbol and a text;
+ * - "hint-line" (child of "label-symbol"), keo::PolylineGraphics: a label that asks for it;
+ * - "billboard-symbol", keo::BillboardGraphics: a point with a shown billboard symbol;
+ * - "model-symbol", keo::ModelGraphics: a point with a shown model symbol with a model;
+ * - "particle-system--symbol", keo::ParticleSystemGraphics: a point with a shown particle system
+ *   symbol with an image;
+ * - "overlay-line-symbol", keo::PolylineGraphics: a polyline's overlay line;
+ * - "line-volume-symbol", keo::PolylineVolumeGraphics: a polyline's line volume;
+ * - "length-label-total", keo::LabelGraphics: the total length label of a polyline (a polygon
+ *   never shows a total);
+ * - "length-label-segment-" and the index, keo::LabelGraphics: the length label of one segment of
+ *   a polyline or edge of a polygon;
+ * - "outline-symbol", keo::PolylineGraphics: a polygon's outline;
+ * - "outline-hole-symbol-" and the index, keo::PolylineGraphics: the outline of a polygon's hole;
+ * - "extrusion-wall-symbol", keo::WallGraphics: the wall of an extrusion;
+ * - "extrusion-roof-symbol", keo::PolylineGraphics (a polyline's) or keo::PolygonGraphics (a
+ *   polygon's): the roof of an extrusion;
+ * - "extrusion-roof-outline-symbol", keo::PolylineGraphics: the outline of an extruded polygon's
+ *   roof.
  *
  * Indices are decimal, without leading zeros. A multi geometry draws each component into an
  * unnamed child, found by its position (see MultiGeometry).
@@ -48,7 +52,7 @@ inline constexpr std::string_view PARTICLE_SYSTEM = "particle-system--symbol";
 inline constexpr std::string_view OVERLAY_LINE = "overlay-line-symbol";
 /** @brief The 2D shape swept along a polyline. */
 inline constexpr std::string_view LINE_VOLUME = "line-volume-symbol";
-/** @brief The total length label of a line or area. */
+/** @brief The total length label of a polyline. */
 inline constexpr std::string_view LENGTH_LABEL_TOTAL = "length-label-total";
 /** @brief The name of a segment's length label, before the segment's index. */
 inline constexpr std::string_view LENGTH_LABEL_SEGMENT_PREFIX = "length-label-segment-";

@@ -13,7 +13,8 @@ namespace keo::Feature {
  * count rings of one colour moving outwards at the wave speed, or once per duration.
  *
  * A duration above 0 is handed to the property; 0 or less means no duration. An existing
- * property keeps the last duration it was given when the duration is lowered to 0 or less.
+ * property keeps the last duration it was given when the duration is lowered to 0 or less (it
+ * does not fall back to the speed). This is intended.
  */
 class KEO_FEATURE_API CircleWaveMaterial final : public Material {
 public:

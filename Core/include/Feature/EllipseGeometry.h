@@ -25,10 +25,19 @@ class Style;
  * the major axis need not be the larger): otherwise both update steps log
  * "椭圆半轴长不能为0.0。" and return false, leaving the entities as they were. An ellipse cannot
  * follow heights relative to a surface: those are drawn as the matching clamped kinds, with the
- * warning the kit logs for filled areas.
+ * polygon's warning ("多边形不支持..."); this is intended, the ellipse shares the wording of filled
+ * areas. With Absolute the ellipse lies at the centre's height.
+ *
+ * The default ellipse (a keo::EllipseGraphics of the default options with the two semi-axes) is
+ * only given to a root without graphics: when the ellipse symbol is hidden or removed and the
+ * label is not drawn, the ellipse keeps the look it was last drawn with (intended, as for the
+ * polyline's default line); with a label it is cleared and the label shown alone. A Feature
+ * logs an EllipseStyle on an ellipse as not matching (see Feature::setGeometry) and draws it all
+ * the same.
  *
  * Unlike the other geometries, every setter raises its events on every call, even with the value
  * held (only setCenter with the stored centre itself does nothing): each set rebuilds the ellipse.
+ * This is intended.
  */
 class KEO_FEATURE_API EllipseGeometry final : public Geometry {
 public:

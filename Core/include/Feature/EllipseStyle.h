@@ -14,6 +14,9 @@ class EllipseSymbol;
  * @brief The style of an ellipse feature: its EllipseSymbol (fill and material), plus what every
  * style has (label symbol, height reference, shadows). Edits of the symbol, and of its material,
  * reach the style's listeners as one edit of the style.
+ *
+ * A Feature logs this style on an ellipse geometry as not matching its geometry (see
+ * Feature::setGeometry) and draws it all the same: this is intended.
  */
 class KEO_FEATURE_API EllipseStyle final : public Style {
 public:
@@ -28,7 +31,8 @@ public:
 
     /**
      * @brief Copies @p other: the Style base, then a copy of its ellipse symbol installed through
-     * setEllipseSymbol (none empties the slot). A style of another kind is not copied: a warning
+     * setEllipseSymbol (none empties the slot; a held symbol is replaced, never assigned in place,
+     * so a filled slot always raises a change). A style of another kind is not copied: a warning
      * is logged and nothing changes.
      */
     void assign(const Style& other) override;

@@ -13,9 +13,14 @@ namespace keo::Feature {
 class Feature;
 
 /**
- * @brief An extrusion: a polygon or a polyline raised into a body by a height. The body symbol
- * draws the wall around it, the tail symbol its top (a roof); both are PolygonSymbols to be drawn
- * (a symbol of another kind draws nothing). The height is measured as the height reference says.
+ * @brief An extrusion: a polygon, rectangle or polyline raised into a body by a height. The body
+ * symbol draws the wall, the tail symbol the top. The body must be a PolygonSymbol. The tail must
+ * be a PolygonSymbol on a polygon (a roof, with the roof outline from its outline symbol) and a
+ * LineSymbol on a polyline (a line along the top of the wall); a rectangle draws no top. On a
+ * polygon or a polyline a symbol of another kind, or a hidden one, draws nothing (its child
+ * entity is dropped); a rectangle draws its wall whatever the body, with the body's look only
+ * when that is a shown PolygonSymbol. The height is measured as the height reference says, and
+ * comes from the feature's attribute named by the field name when that holds a number.
  *
  * Edits of the body and tail symbols are relayed as edits of the extrusion.
  */
@@ -63,8 +68,10 @@ public:
     /** @brief How the height is measured (default Relative). */
     HeightReference getHeightReference() const noexcept { return heightReference_; }
     /**
-     * @brief Sets how the height is measured (edit rule; any 8-bit value is stored, and one
-     * other than Relative is drawn as Absolute by the wall and left unraised by the roof).
+     * @brief Sets how the height is measured (edit rule; any 8-bit value is stored). A value that
+     * is neither Relative nor Absolute extrudes a polygon's and a rectangle's wall as Absolute,
+     * leaves a polyline's wall without heights, and leaves the top (roof or line) at the
+     * vertices' own heights.
      */
     void setHeightReference(HeightReference heightReference);
     /** @brief The symbol of the wall, or null. */

@@ -16,7 +16,6 @@
 #include <mutex>
 #include <optional>
 #include <string>
-#include <type_traits>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -45,11 +44,14 @@ class Style;
  * the change and release it before raising events; an edit of the geometry or the style (or
  * anything they hold) holds it for the length of the edit through their changed-lock events; and
  * `_updateEntityInCull` holds it while it rebuilds. So edits on one thread and the frame update on
- * another never interleave. The attribute operations and setUserDefinedAttribute take no lock.
+ * another never interleave. The attribute operations, setUserDefinedAttribute and
+ * setAttachmentFiles take no lock: call them only while no other thread uses the feature (the
+ * label step reads the attributes during an update).
  *
  * Events: the definition-changed event tells listeners (a collection, the rendering side) that
  * the feature needs an update; it is raised at most once between two `_updateEntityInCull` calls,
- * however many edits come in.
+ * however many edits come in, and its listeners run with the feature's lock held (so the lock
+ * order is the feature's, then whatever a listener takes).
  */
 class KEO_FEATURE_API Feature final : public FeatureBase {
 public:
@@ -62,13 +64,17 @@ public:
      * @brief A copy with a fresh id: name, description, show, attributes, user-defined attribute,
      * attachment files, origin data source, label text, asynchronous flag and distance display
      * condition are copied; the geometry and the style are cloned and subscribed to anew. The
-     * copy has no entities, no listeners, and is not highlighted.
+     * copy has no entities, no listeners, and is not highlighted. Installing a cloned geometry or
+     * style records a change, so such a copy starts with the status Modified and the change type
+     * ContentChanged (a copy without either starts with None and 0).
      */
     Feature(const Feature& other);
     /**
      * @brief Copies what the copy constructor copies into this feature (the id, parent, status,
-     * entities and listeners stay; highlight is switched off), then records the change as
-     * setName does. The geometry and the style are replaced by clones of @p other's.
+     * entities and listeners stay; highlight is switched off), recording the change as setName
+     * does even when every value is equal. The geometry and the style are replaced by clones of
+     * @p other's (or removed when @p other has none), so the next update rebuilds the entities.
+     * Assigning a feature to itself does nothing.
      */
     Feature& operator=(const Feature& other);
     /** @brief Releases the subscriptions to the geometry and the style. */
@@ -76,9 +82,16 @@ public:
 
     /** @brief A copy made by the copy constructor. */
     std::unique_ptr<FeatureBase> clone() const override;
-    /** @brief Sets the name (the label shows it when no label text is set); see FeatureBase. */
+    /**
+     * @brief Sets the name (the label shows it when no label text is set). An equal name changes
+     * nothing; otherwise it is stored under the lock, recorded as FeatureBase::setName records
+     * it, and the feature is marked for a style update (raising its definition-changed event).
+     */
     void setName(const std::string& name) override;
-    /** @brief Sets the description; see FeatureBase. */
+    /**
+     * @brief Sets the description, as setName does: it too marks the feature for a style update
+     * although the description is not drawn.
+     */
     void setDescription(const std::string& description) override;
     /**
      * @brief Shows or hides the feature. An equal value changes nothing; otherwise the flag is
@@ -92,46 +105,71 @@ public:
     /** @brief The geometry, or null. */
     const Geometry* getGeometry() const noexcept { return geometry_.get(); }
     /**
-     * @brief Sets the geometry (null removes it). A geometry whose kind does not match the style
-     * logs a warning and is stored all the same. The feature subscribes to the geometry's events
-     * and is marked dirty; the next update rebuilds its entities.
+     * @brief Sets the geometry (null removes it); the held pointer changes nothing. When both a
+     * geometry and a style are present and their kinds do not match, the warning
+     * "风格和几何体不匹配，风格不起作用。" is logged and the geometry is stored all the same. The
+     * matching pairs are point with PointStyle, polyline with PolylineStyle, polygon and
+     * rectangle with PolygonStyle; an ellipse geometry (even with an EllipseStyle) and every
+     * multi geometry always log it, and are drawn with the style regardless. This is intended:
+     * the check has no pair for them, and for them the warning is harmless.
+     *
+     * The feature stops hearing the old geometry, subscribes to the new one's events, marks the
+     * geometry dirty (raising its definition-changed event and recording ContentChanged); the
+     * next update rebuilds the entities, dropping every child entity first when the kind changed
+     * (for multi geometries: the kind of their components).
      */
     void setGeometry(std::shared_ptr<Geometry> geometry);
     /** @brief The style, or null. */
     const Style* getStyle() const noexcept { return style_.get(); }
-    /** @brief Sets the style (null removes it), with the same kind check as setGeometry. */
+    /**
+     * @brief Sets the style (null removes it), with the same kind check as setGeometry; the held
+     * pointer changes nothing. The feature stops hearing the old style, marks the style dirty
+     * (raising its definition-changed event and recording ContentChanged) and hears the new one.
+     */
     void setStyle(std::shared_ptr<Style> style);
 
     /** @brief The attributes. */
     const AttributeMap& getAttributes() const noexcept { return attributes_; }
-    /** @brief Replaces the whole table; records AttributeChanged (always). No lock, no event. */
+    /**
+     * @brief Replaces the whole table; records AttributeChanged whatever the status (ORed in; the
+     * status becomes Modified when it was None). No lock, no event, and the feature is not marked
+     * for an update: a label or an extrusion height taken from an attribute shows the new value
+     * at the next update that rebuilds the style (after setLabelText or a style edit, say). This
+     * is intended: attributes are data of the application, edited without the renderer's lock.
+     */
     void setAttributes(const AttributeMap& attributes);
-    /** @brief Inserts or overwrites one attribute; records AttributeChanged (always). */
+    /** @brief Inserts or overwrites one attribute; recorded as setAttributes records it. */
     void setAttribute(const std::string& key, const AttributeValue& value);
     /**
      * @brief Makes @p key a null attribute: inserted if absent (with type tag 0), its value
-     * emptied, its tag kept; records AttributeChanged (always).
+     * emptied, its tag kept; recorded as setAttributes records it.
      */
     void setAttributeNull(const std::string& key);
-    /** @brief Erases @p key; false when absent. Records no change. */
+    /**
+     * @brief Erases @p key; false when absent. No lock, no event, and no change recorded: this is
+     * intended, removing and renaming are not reported as attribute changes.
+     */
     bool removeAttribute(const std::string& key);
     /**
      * @brief Moves the attribute @p oldKey to @p newKey, overwriting an entry under @p newKey;
-     * false when @p oldKey is absent. Renaming a key to itself keeps it. Records no change.
+     * false when @p oldKey is absent. Renaming a key to itself keeps it. As removeAttribute, it
+     * records no change.
      */
     bool renameAttribute(const std::string& oldKey, const std::string& newKey);
 
     /** @brief The highlight flag (default false). */
     bool isHighlight() const noexcept { return highlight_; }
     /**
-     * @brief Highlights the feature: its materials and label show Color::HIGHLIGHTCOLOR in place
-     * of their colours from the next update on, without the materials being changed.
+     * @brief Highlights the feature (an equal value changes nothing): from the next update on its
+     * symbols, materials and label show Color::HIGHLIGHTCOLOR in place of their own colours
+     * (particle systems keep theirs), without the symbols or materials being changed. The feature
+     * is marked for a style update.
      */
     void setHighlight(bool highlight);
 
     /** @brief Free text for the application's own use. */
     const std::string& getUserDefinedAttribute() const noexcept { return userDefinedAttribute_; }
-    /** @brief Sets the free text; records ContentChanged. No lock, no event. */
+    /** @brief Sets the free text; records ContentChanged by the change rule. No lock, no event. */
     void setUserDefinedAttribute(const std::string& value);
 
     /** @brief Paths of files attached to the feature. */
@@ -145,7 +183,10 @@ public:
 
     /** @brief The text of the label; empty: the label shows the name. */
     const std::string& getLabelText() const noexcept { return labelText_; }
-    /** @brief Sets the label text; the feature is marked for a style update. */
+    /**
+     * @brief Sets the label text; an equal text changes nothing, another is stored under the lock
+     * and the feature is marked for a style update.
+     */
     void setLabelText(const std::string& text);
 
     /** @brief The camera distances at which the feature is shown; empty: at every distance. */
@@ -154,7 +195,9 @@ public:
     }
     /**
      * @brief Sets the distance display condition. Equal (both empty, or equal near and far)
-     * changes nothing, so a NaN always counts as a change.
+     * changes nothing, so a NaN always counts as a change; otherwise it is stored under the lock
+     * and the feature is marked for a style update. The symbols are drawn within the intersection
+     * of this condition and the geometry's, the label within this one and its symbol's.
      */
     void setDistanceDisplayCondition(const std::optional<DistanceDisplayCondition>& condition);
 
@@ -165,12 +208,17 @@ public:
 
     /** @brief Whether the entities are drawn once ready rather than within a frame (default). */
     bool _isAsynchronous() const noexcept { return asynchronous_; }
-    /** @brief Sets the asynchronous flag on the feature and on all its entities. */
+    /**
+     * @brief Sets the asynchronous flag on the feature and on all its entities (an equal value
+     * changes nothing), then raises the definition-changed event.
+     */
     void _setAsynchronous(bool asynchronous);
 
     /**
-     * @brief The extent of the geometry (radians), computed for polylines and polygons and cached
-     * until the geometry changes; empty without geometry or for kinds that do not give one.
+     * @brief The extent of the geometry (radians), computed from the vertices of a polyline or
+     * polygon and cached until the geometry changes. Empty without a geometry. For the other kinds
+     * the cache is left as it was: empty, or the extent of a line or area geometry held before.
+     * The reference is to the cache: read it under the same rules as the feature's other state.
      */
     const std::optional<GlobeRectangle>& _getGlobeRectangle();
     /** @brief The bounding sphere stored by the rendering side, or null. */
@@ -201,21 +249,49 @@ public:
     /** @brief The entities dropped since the last call, in order; the list is left empty. */
     std::vector<std::shared_ptr<Entity>> _takeRemovedEntities();
     /**
-     * @brief Brings the entities up to date; the rendering side calls it once a frame.
+     * @brief Brings the entities up to date; the rendering side calls it once a frame, under the
+     * feature's lock. The first call makes the root entity and reports it added. A feature that
+     * is not showing only hides its root. Otherwise the root is shown and, when the geometry or
+     * the style changed since the last update, the geometry rebuilds the graphics (its
+     * `_updateGeometry` only after a geometry change, its `_updateStyle` always); a kind change
+     * drops every child entity first. Without a geometry nothing is drawn.
+     *
+     * When either step returns false, every entity under the root is reported dropped and the
+     * root keeps no children and no graphics; the feature is clean all the same, so nothing is
+     * retried until the next change (a point with nothing to draw ends this way, without its
+     * default dot: see PointGeometry::_updateStyle). An exception from a step (an empty
+     * rectangle) leaves the feature dirty and propagates, so the next call tries again.
      * @param addAgain when true and the root entity exists, the root and all its descendants are
      *        reported as added again (for a rendering side that dropped them).
      */
     void _updateEntityInCull(bool addAgain);
+    /**
+     * @brief `_updateEntityInCull(addAgain)`, then the two lists taken into @p added and
+     * @p removed (which must be empty; they get the lists' contents), all under one lock. Returns
+     * whether the update rebuilt the entities (they were not ready, see `_isEntityReady`).
+     */
+    bool _updateEntityInCull(bool addAgain, std::vector<std::shared_ptr<Entity>>& added,
+                             std::vector<std::shared_ptr<Entity>>& removed);
+
+    /** @brief The frame driver whose record the feature holds, or null (the driver's own use). */
+    const void* _getFrameOwner() const noexcept { return frameOwner_; }
+    /** @brief The record the owning frame driver keeps of this feature (the driver's own use). */
+    void* _getFrameRecord() const noexcept { return frameRecord_; }
+    /** @brief Stores @p owner's @p record of this feature; null, null clears it. */
+    void _setFrameRecord(const void* owner, void* record) noexcept {
+        frameOwner_ = owner;
+        frameRecord_ = record;
+    }
 
     /** @brief Adds a listener to the definition-changed event; returns its handle. */
     std::weak_ptr<FunctionWrapper>
     _addDefinitionChangedEventListener(std::function<void(Feature*)>&& callback);
     /**
      * @brief Adds the callable @p callback, stored as it is (no std::function around it), to the
-     * definition-changed event; returns its handle.
+     * definition-changed event; returns its handle. A callable that cannot be called as
+     * void(Feature*) does not compile: one static_assert says so.
      */
-    template <typename Function,
-              typename = std::enable_if_t<std::is_invocable_v<std::decay_t<Function>&, Feature*>>>
+    template <typename Function>
     std::weak_ptr<FunctionWrapper> _addDefinitionChangedEventListener(Function&& callback) {
         return definitionChanged_.addEventListener(std::forward<Function>(callback));
     }
@@ -224,11 +300,20 @@ public:
      * since the last `_updateEntityInCull`.
      */
     void _raiseDefinitionChangedEvent();
-    /** @brief The geometry changed: marks it dirty, drops the cached extent and sphere. */
+    /**
+     * @brief The geometry changed: marks it dirty, drops the cached extent and sphere, raises the
+     * definition-changed event and records ContentChanged.
+     */
     void _onGeometryDefinitionChanged();
-    /** @brief The style (or the label options) changed: marks the style dirty. */
+    /**
+     * @brief The style (or the label options) changed: marks the style dirty, raises the
+     * definition-changed event and records ContentChanged. @p style is not used.
+     */
     void _onStyleDefinitionChanged(const Style* style);
-    /** @brief Locks (true) or unlocks (false) the feature's mutex around an edit. */
+    /**
+     * @brief Locks (true) or unlocks (false) the feature's mutex around an edit; each true must be
+     * followed by a false on the same thread.
+     */
     void _onChangedLock(bool locked);
 
 private:
@@ -237,6 +322,8 @@ private:
     void markAttributeChanged() noexcept;
     void copyContentFrom(const Feature& other);
     void tearDownChildren();
+    // The update itself, under the lock; returns whether it rebuilt the entities.
+    bool updateLocked(bool addAgain);
 
     std::shared_ptr<Geometry> geometry_;
     std::shared_ptr<Style> style_;
@@ -264,6 +351,9 @@ private:
     Publisher<std::function<void(Feature*)>> definitionChanged_;
     detail::SubscriptionPair geometrySubscription_;
     detail::SubscriptionPair styleSubscription_;
+    // Kept by the frame driver that draws the feature; not copied.
+    const void* frameOwner_ = nullptr;
+    void* frameRecord_ = nullptr;
 };
 
 } // namespace keo::Feature

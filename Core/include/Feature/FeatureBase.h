@@ -37,12 +37,17 @@ public:
     /**
      * @brief Sets the name. An equal name changes nothing; otherwise, while the status is None,
      * the status becomes Modified and the change type is set to ContentChanged alone (assigned,
-     * not OR-ed in).
+     * not OR-ed in, so bits recorded before are dropped). This is intended: a new name (or
+     * description, or a whole assignment) replaces what was recorded, where other changes add
+     * to it.
      */
     virtual void setName(const std::string& name);
     /** @brief Sets the description, recorded like setName. */
     virtual void setDescription(const std::string& description);
-    /** @brief Shows or hides the node (and, for a group, its subtree); recorded as ShowChanged. */
+    /**
+     * @brief Shows or hides the node (and, for a group, its subtree). An equal value changes
+     * nothing; otherwise ShowChanged is recorded by the change rule.
+     */
     virtual void setShow(bool show);
 
     /** @brief The id, fixed at construction. */
@@ -93,7 +98,7 @@ protected:
     FeatureBase(const FeatureBase& other);
     /**
      * @brief Copies name, description and show (the id, parent and status stay), then records the
-     * change as setName does.
+     * change as setName does, even when every value is equal or @p other is this node.
      */
     FeatureBase& operator=(const FeatureBase& other);
 

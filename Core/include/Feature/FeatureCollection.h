@@ -59,8 +59,11 @@ public:
      * @brief Adds @p feature: it becomes a member, is recorded as added (or, when it was removed
      * since the last notification, drops out of the removed batch instead), and its changes are
      * recorded from now on; then notifies. Returns @p feature.
-     * @throws keo::InvalidParametersException (code 2) for a null feature, or when a member with
-     *         the same id is held already (even another object); nothing changes then.
+     * @throws keo::InvalidParametersException (code 2) for a null feature ("feature is
+     *         required."), or when a member with the same id is held already, even another object
+     *         ("An feature with id <id> already exists in this collection."); nothing changes
+     *         then. The messages are kept word for word, "An feature" included: this is intended,
+     *         callers match on them.
      */
     std::shared_ptr<Feature> add(std::shared_ptr<Feature> feature);
     /** @brief removeById with the id of @p feature. */
@@ -76,7 +79,8 @@ public:
 
     /**
      * @brief Whether a member has the id of @p feature (the member may be another object).
-     * @throws keo::InvalidParametersException (code 2) for a null feature.
+     * @throws keo::InvalidParametersException (code 2) for a null feature ("feature is
+     *         required", without the full stop of add's message: this is intended).
      */
     bool contains(const std::shared_ptr<Feature>& feature) const;
     /** @brief The member with @p id, or null. */
@@ -93,8 +97,8 @@ public:
     void suspendEvents();
     /**
      * @brief Ends one suspendEvents; when it was the outermost, notifies what was recorded.
-     * @throws keo::InvalidParametersException (code 2) without a matching suspendEvents; nothing
-     *         changes then.
+     * @throws keo::InvalidParametersException (code 2, "resumeEvents can not be called before
+     *         suspendEvents.") without a matching suspendEvents; nothing changes then.
      */
     void resumeEvents();
     /** @brief The depth of suspendEvents calls not yet resumed. */
@@ -119,8 +123,10 @@ public:
     bool isShow() const;
     /**
      * @brief Stores the show flag. A new value also re-raises the definition-changed event of
-     * every member whose showing state changed meanwhile; the collection's flag is not part of a
-     * feature's showing state, so this normally re-raises nothing.
+     * every member whose showing state changed meanwhile (with notifications suspended, so what
+     * that records comes as one notification); the collection's flag is not part of a feature's
+     * showing state, so this normally re-raises nothing. This is intended: the flag is kept for
+     * callers and hides nothing by itself.
      */
     void setShow(bool show);
 
@@ -132,7 +138,8 @@ public:
     /**
      * @brief Records that the definition of @p feature changed: nothing while it waits in the
      * added batch; otherwise it joins the changed batch (once) and the collection notifies.
-     * Members call it through their definition-changed event; null does nothing.
+     * Members call it through their definition-changed event; null does nothing. It does not
+     * check membership: any feature given is recorded.
      */
     void _onFeatureDefinitionChanged(Feature* feature);
 

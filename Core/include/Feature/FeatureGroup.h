@@ -4,12 +4,14 @@
 #include "Feature/FeatureExport.h"
 #include "Feature/FunctionWrapper.h"
 #include "Feature/Publisher.h"
+#include "Feature/detail/ListenerCheck.h"
 
 #include <cstdint>
 #include <functional>
 #include <list>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace keo {
@@ -29,24 +31,34 @@ class Feature;
  * Groups are always held by std::shared_ptr. Removal comes in two forms: soft (`remove`,
  * `removeAll`: the nodes are hidden and marked Removed, for the layer's owner to commit) and
  * hard (`removeFromMemory`, `removeAllFromMemory`: the nodes leave the tree).
+ *
+ * A group takes no lock: a tree is edited, and walked by the frame update, on one thread at a
+ * time (the caller orders them). The added-or-removed event is raised synchronously by the call
+ * that changed the tree.
  */
 class KEO_FEATURE_API FeatureGroup final : public FeatureBase,
                                            public std::enable_shared_from_this<FeatureGroup> {
 public:
+    /** @brief The signature of the added-or-removed event's listeners: (added, removed). */
+    using AddedOrRemovedSignature = void(const std::vector<std::shared_ptr<Feature>>&,
+                                         const std::vector<std::shared_ptr<Feature>>&);
     /** @brief The listener type of the added-or-removed event: (features added, removed). */
-    using AddedOrRemovedCallback =
-        std::function<void(const std::vector<std::shared_ptr<Feature>>&,
-                           const std::vector<std::shared_ptr<Feature>>&)>;
+    using AddedOrRemovedCallback = std::function<AddedOrRemovedSignature>;
 
     /** @brief An empty group with the id @p id (a fresh random id when empty). */
     explicit FeatureGroup(std::optional<std::uint64_t> id = std::nullopt);
     /**
      * @brief A deep copy with a fresh id: name, description and show, and a clone of every child
-     * added in order (own parent links and subscriptions). The layer is not copied.
+     * added in order (own parent links and subscriptions). The layer is not copied, so each
+     * cloned node joins as from another layer: it gets the status Added, and a copy with children
+     * starts with the status Modified and the change type ContentChanged.
      */
     FeatureGroup(const FeatureGroup& other);
     FeatureGroup& operator=(const FeatureGroup&) = delete;
-    /** @brief Disconnects the subscriptions to the child groups. */
+    /**
+     * @brief Disconnects the subscriptions to the child groups and clears the parent link of the
+     * children that others still hold (no event is raised).
+     */
     ~FeatureGroup() override;
 
     /** @brief A group made by the copy constructor. */
@@ -62,41 +74,53 @@ public:
 
     /**
      * @brief Appends @p node (a node of another group is moved: that group removes it from
-     * memory first, with its event). A node from a tree of another layer gets the status Added
-     * (its whole subtree for a group) and this group records ContentChanged. Raises the
-     * added-or-removed event with the leaf features that arrive. False (and nothing changes) for
-     * null, for this group itself and for one of its ancestors, which would make a cycle.
+     * memory first, with its event; a child of this group is moved to the end, reported removed
+     * and then added). A node that does not come from a tree of this group's layer (also when
+     * neither has a layer) gets the status Added (its whole subtree for a group) and this group
+     * records ContentChanged. Raises the added-or-removed event with the leaf features that
+     * arrive. False (and nothing changes) for null, for this group itself and for one of its
+     * ancestors, which would make a cycle.
      */
     bool add(std::shared_ptr<FeatureBase> node);
     /**
      * @brief As add, but places @p node before the child at @p position (the number of children
-     * appends). False for null, a position past the end, this group or one of its ancestors.
+     * appends). False for null, a position past the end, this group or one of its ancestors. The
+     * position is checked before, and taken after, the node leaves its old place: moving a child
+     * of this group to a position that its removal put past the end appends it.
      */
     bool insert(std::uint64_t position, std::shared_ptr<FeatureBase> node);
     /**
      * @brief Soft removal: hides @p node and marks it Removed (its whole subtree for a group) and
-     * records ContentChanged here; the node stays in its group. False for null or a node without
-     * parent (its parent is not checked to be this group).
+     * records ContentChanged here; the node stays in its group and no added-or-removed event is
+     * raised. False for null or a node without parent. Its parent is not checked to be this
+     * group: this is intended, so that removeFromMemory can hand a node of another group to it.
      */
     bool remove(const std::shared_ptr<FeatureBase>& node);
     /**
-     * @brief Soft removal of every child and its subtree; records ContentChanged here and sets
-     * the status Modified whatever it was.
+     * @brief Soft removal of every child and its subtree; ORs ContentChanged into this group's
+     * change type and sets its status to Modified whatever it was (not by the change rule).
      */
     void removeAll();
     /**
      * @brief Hard removal: takes @p node out of this group, clears its parent link and raises the
-     * added-or-removed event with the leaf features that leave. When @p node belongs to another
-     * group, that group's soft removal is done instead. False for null, a node without parent,
-     * or a node that is not a child of this group.
+     * added-or-removed event with the leaf features that leave. When @p node is the child of
+     * another group, that group's soft removal (remove) is done instead and its result returned:
+     * the node stays in that group, hidden and marked Removed, and no event is raised. This is
+     * intended: a group takes only its own children out of the tree. False for null, a node
+     * without parent, or a node that is not a child of this group.
      */
     bool removeFromMemory(const std::shared_ptr<FeatureBase>& node);
-    /** @brief Hard removal of every child, with one added-or-removed event. */
+    /**
+     * @brief Hard removal of every child, with one added-or-removed event carrying every leaf
+     * feature below. The event is raised before the children leave: its listeners still find them
+     * in getFeatures, with their parent links.
+     */
     void removeAllFromMemory();
 
     /**
      * @brief The first feature below this group with @p id, depth first in list order; null when
-     * none. Groups are not matched by id.
+     * none. Groups are not matched by id, neither this one nor a subgroup: this is intended, ids
+     * name features.
      */
     std::shared_ptr<FeatureBase> getById(std::uint64_t id) const;
     /** @brief The children in order. */
@@ -114,9 +138,29 @@ public:
      */
     const Layer* _getSelfLayer() const noexcept { return layer_.lock().get(); }
 
-    /** @brief Adds a listener to the added-or-removed event; returns its handle. */
+    /**
+     * @brief Adds a listener to the added-or-removed event; returns its handle. The event reports
+     * the leaf features that entered and left this group's subtree: raised by this group and
+     * relayed from every subgroup, so the root group hears the whole tree. A listener is called
+     * as (added, removed), one of the two lists empty.
+     */
     std::weak_ptr<FunctionWrapper>
     _addFeatureAddedOrRemovedEventListener(AddedOrRemovedCallback&& callback);
+    /**
+     * @brief Adds any other callable of the listener signature (a lambda, a function pointer, a
+     * std::function lvalue), wrapped in an AddedOrRemovedCallback, as the overload above does. A
+     * callable of the wrong signature does not compile: one static_assert says so.
+     */
+    template <typename Function>
+    std::weak_ptr<FunctionWrapper> _addFeatureAddedOrRemovedEventListener(Function&& callback) {
+        if constexpr (!detail::IS_LISTENER<AddedOrRemovedSignature, Function>) {
+            detail::refuseListener<AddedOrRemovedSignature, Function>();
+            return {};
+        } else {
+            return _addFeatureAddedOrRemovedEventListener(
+                AddedOrRemovedCallback(std::forward<Function>(callback)));
+        }
+    }
     /** @brief Raises the added-or-removed event with @p added and @p removed. */
     void _raiseFeatureAddedOrRemovedEvent(const std::vector<std::shared_ptr<Feature>>& added,
                                           const std::vector<std::shared_ptr<Feature>>& removed);

@@ -98,8 +98,10 @@ public:
     void setDistanceDisplayCondition(const std::optional<DistanceDisplayCondition>& condition);
     /**
      * @brief The point (Cartesian ECEF, metres) that the distance display condition is measured
-     * from, when a kind has stored one during its update (a point stores its position there);
-     * empty otherwise. Not copied and not assigned.
+     * from, when a kind has stored one during its update; empty otherwise. The polyline (its
+     * halfway point), the polygon (its label point) and the ellipse (its centre) store it at every
+     * styling step; a point stores its position when its label has a hint line and no model.
+     * Not copied and not assigned.
      */
     const std::optional<Vector3<double>>& getDistanceDisplayConditionAnchor() const noexcept {
         return distanceDisplayConditionAnchor_;

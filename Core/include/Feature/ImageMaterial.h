@@ -23,7 +23,8 @@ namespace keo::Feature {
  * (initially (0, 0)). Deriving it marks nothing changed and raises no event.
  *
  * The texture matrix is the rotation by the rotation angle when the property is created, and the
- * rotation by the opposite angle whenever a later edit refreshes it.
+ * rotation by the opposite angle whenever a later edit refreshes it. This is intended; mind it
+ * when the rotation is not 0 (a material edited after its first update turns the other way).
  */
 class KEO_FEATURE_API ImageMaterial final : public Material {
 public:

@@ -15,7 +15,8 @@ namespace keo::Feature {
  *
  * Highlighting replaces the colour on every update, the gap colour only when the property is
  * created or refreshed after an edit: a clean, highlighted line that is updated without
- * highlight shows its own colour again but keeps the gap colour last pushed.
+ * highlight shows its own colour again but keeps the gap colour last pushed. This is intended:
+ * only the main colour follows the highlight on every update.
  */
 class KEO_FEATURE_API LineDashMaterial final : public Material {
 public:

@@ -16,7 +16,7 @@ namespace keo::Feature {
  * minute.
  *
  * The default tint is white with alpha 0.99999 (the single-precision value 0.9999899864...), not
- * 1: the image is drawn blended rather than as an opaque surface.
+ * 1: this is intended, the image is drawn blended rather than as an opaque surface.
  */
 class KEO_FEATURE_API LineDynamicMaterial final : public Material {
 public:

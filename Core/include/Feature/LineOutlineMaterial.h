@@ -14,7 +14,8 @@ namespace keo::Feature {
  *
  * Highlighting replaces the colour on every update, the outline colour only when the property is
  * created or refreshed after an edit: a clean, highlighted line that is updated without
- * highlight shows its own colour again but keeps the outline colour last pushed.
+ * highlight shows its own colour again but keeps the outline colour last pushed. This is
+ * intended: only the main colour follows the highlight on every update.
  */
 class KEO_FEATURE_API LineOutlineMaterial final : public Material {
 public:

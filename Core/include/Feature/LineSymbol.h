@@ -58,8 +58,9 @@ public:
     /** @brief The animated path. */
     const Path& getPath() const noexcept { return path_; }
     /**
-     * @brief Sets the path. A path that differs only in its restart request changes nothing;
-     * otherwise the whole path, restart request included, is stored by the edit rule.
+     * @brief Sets the path. A path that differs only in its restart request changes nothing
+     * (this is intended: a restart is asked for with restartPath); otherwise the whole path,
+     * restart request included, is stored by the edit rule.
      */
     void setPath(const Path& path);
     /** @brief Asks the next update to start the path over (edit rule on the request flag). */

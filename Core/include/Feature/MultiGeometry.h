@@ -36,6 +36,12 @@ class Style;
  *
  * A multi geometry cannot hold itself, directly or through the multi geometries it holds: such
  * a component is refused with a warning.
+ *
+ * The root entity itself draws nothing and has no label: each component draws its own label on
+ * its child. A component that cannot be drawn (its styling step returns false) leaves its child
+ * as it was; the others are drawn and the multi geometry's steps still return true. A Feature
+ * logs every style on a multi geometry as not matching (see Feature::setGeometry) and draws it
+ * all the same.
  */
 class KEO_FEATURE_API MultiGeometry final : public Geometry {
 public:
@@ -65,7 +71,8 @@ public:
     /**
      * @brief Appends @p component (changed-lock true, store, changed-lock false,
      * definition-changed) and relays its events as this geometry's. Returns @p component's
-     * pointer.
+     * pointer; null (with a warning, nothing raised) when it is refused because this geometry
+     * would hold itself.
      */
     Geometry* add(std::shared_ptr<Geometry> component);
     /**

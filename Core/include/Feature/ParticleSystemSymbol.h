@@ -51,8 +51,10 @@ public:
 
     /**
      * @brief Copies @p other's fields through the setters in declaration order, the emitter
-     * first; the emitter is shared, not copied. A symbol of another kind is not copied: a warning
-     * is logged and nothing changes.
+     * first; the emitter is shared, not copied: afterwards both symbols hold the same emitter (and
+     * its data-library object), and editing it changes both. This is intended: a copy has an
+     * emitter of its own, an assignment takes the other's. A symbol of another kind is not copied:
+     * a warning is logged and nothing changes.
      */
     void assign(const Symbol& other) override;
     /** @brief A copy made by the copy constructor (with its own emitter). */
@@ -130,7 +132,10 @@ public:
     bool isSizeInMeters() const noexcept { return sizeInMeters_; }
     /** @brief Sets whether image sizes are in metres rather than pixels. */
     void setSizeInMeters(bool inMeters);
-    /** @brief 1.0 when the system starts again at the end of its lifetime, else 0.0. */
+    /**
+     * @brief 1.0 when the system starts again at the end of its lifetime, else 0.0. The answer is
+     * a float, not a bool: this is intended (compare it with 0).
+     */
     float isLoop() const noexcept { return loop_ ? 1.0f : 0.0f; }
     /** @brief Sets whether the system starts again at the end of its lifetime. */
     void setLoop(bool loop);
@@ -147,16 +152,22 @@ public:
     const Radian& getHeading() const noexcept { return heading_; }
     /** @brief Sets the heading of the emitter, radians. */
     void setHeading(const Radian& heading);
-    /** @brief The pitch of the emitter in the point's local frame, radians. */
+    /**
+     * @brief The pitch of the emitter in the point's local frame, radians. It tilts the emitter
+     * about the local x axis: it is drawn as the roll of the emitter's rotation, the rotation's
+     * pitch staying 0 (see _fill). This is intended.
+     */
     const Radian& getPitch() const noexcept { return pitch_; }
-    /** @brief Sets the pitch of the emitter, radians. */
+    /** @brief Sets the pitch of the emitter, radians (see getPitch). */
     void setPitch(const Radian& pitch);
 
     /**
      * @brief Writes the particle system into @p graphics: the emitter (brought up to date first),
      * bursts, image and every particle value, the context's distance display condition, and the
-     * emitter's frame turned by the heading and tilted by the pitch. The particles keep their own
-     * colours while the feature is highlighted and take no height reference.
+     * emitter model matrix Matrix3::fromHeadingPitchRoll(heading, 0, pitch): the heading as
+     * heading, the pitch in the place of the roll (a turn about the local x axis). The particles
+     * keep their own colours while the feature is highlighted and take no height reference. The
+     * symbol must hold an emitter (drawing one without an emitter dereferences null).
      */
     void _fill(ParticleSystemGraphics& graphics, const SymbolContext& context) const;
 

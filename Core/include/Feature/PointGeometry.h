@@ -27,6 +27,9 @@ class Style;
  * - a child "particle-system--symbol" (keo::ParticleSystemGraphics) for a shown particle system
  *   symbol with an image;
  * - the label "label-symbol" and its "hint-line" (see Geometry::updateLabel).
+ * A hidden or removed symbol drops its child. A shown model symbol without a model, or particle
+ * system symbol without an image, makes no child and leaves an existing one as it was, not
+ * updated.
  * Every child follows the point's position; the model and the particles also turn along the path
  * of a moving point. The label rides on top of a loaded model. Colours show
  * Color::HIGHLIGHTCOLOR while the feature is highlighted (the particles keep their own), and the
@@ -92,11 +95,20 @@ public:
      */
     bool _updateGeometry(Entity& entity, const Style* style) override;
     /**
-     * @brief Draws @p style's symbols on @p entity and its children (created and dropped as the
-     * symbols come and go, reported to @p feature), then the label, then brings every position
-     * up to date and applies the style's shadows. Without a point style, the billboard and model
-     * children are dropped and the root's graphics cleared (a particle child is kept). When
-     * nothing at all is drawn the root gets a default dot and false is returned.
+     * @brief Draws the label, then @p style's symbols on @p entity and its children (created and
+     * dropped as the symbols come and go, reported to @p feature), then brings every position up
+     * to date and applies the style's shadows (none without a style). Without a point style
+     * (no style, or one of another kind) the billboard and model children are dropped and the
+     * root's graphics cleared; a particle child is kept as it is. This is intended: that child
+     * belongs to the particle symbol, not to the point's look. A hidden or removed point symbol
+     * clears the root's dot when something else is drawn.
+     *
+     * Returns whether anything is drawn: a "label-symbol" child or a shown symbol. When nothing
+     * is and the root has no graphics, the root first gets a default dot (a keo::PointGraphics of
+     * the default options: white, 1 pixel) and false is returned. A Feature that gets false
+     * tears its entities down (see Feature::_updateEntityInCull), which clears that dot again:
+     * through a feature, a point with nothing to draw shows nothing, and the default dot is only
+     * seen by callers that run this step themselves.
      */
     bool _updateStyle(Entity& entity, const Feature& feature, const Style* style) override;
 

@@ -32,7 +32,9 @@ class Style;
  *   symbol, with the renderer's default without one, not shown while the symbol is hidden);
  * - "outline-symbol" (keo::PolylineGraphics), the outer ring closed, from the polygon symbol's
  *   outline, and "outline-hole-symbol-" with an index per hole (depth first, holes of holes
- *   included), each drawn with a keo::ColorMaterialProperty of the outline's colour;
+ *   included), each drawn in the outline's width with a new keo::ColorMaterialProperty of the
+ *   outline material's colour (that of a ColorMaterial or LineDashMaterial; white for any other
+ *   material or none);
  * - "length-label-segment-" with an index per edge of the outer ring (keo::LabelGraphics), from
  *   the polygon symbol's length labels (never a total);
  * - "extrusion-wall-symbol" (keo::WallGraphics), "extrusion-roof-symbol" (keo::PolygonGraphics)
@@ -42,9 +44,12 @@ class Style;
  *   (_computeLabelPosition).
  *
  * A filled polygon cannot follow heights relative to a surface: the relative height references
- * are drawn as the matching clamped ones, with a warning each time the style is applied. An outer
- * ring of fewer than 3 stored positions is not drawn: both update steps log
- * "折线的顶点数量不能少于3个。" (the wording of lines, kept as the kit has it) and return false.
+ * are drawn as the matching clamped ones, with a warning each time the style is applied. With
+ * Absolute the area keeps each vertex's own height (per-position height); clamped, it lies on the
+ * surfaces named. The edge lengths are geodesic on WGS84 unless the height reference is Absolute.
+ * An outer ring of fewer than 3 stored positions is not drawn: both update steps log
+ * "折线的顶点数量不能少于3个。" and return false. The message speaks of a line: this is intended,
+ * the polygon shares the line's wording.
  *
  * setHierarchy notifies even for an equal hierarchy; the other setters follow the edit rule.
  */

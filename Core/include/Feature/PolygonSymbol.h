@@ -67,7 +67,10 @@ public:
     const LineSymbol* getOutLineSymbol() const noexcept { return outline_.get(); }
     /** @brief Sets the outline (relayed; the same pointer changes nothing). */
     void setOutLineSymbol(std::shared_ptr<LineSymbol> symbol);
-    /** @brief The per-edge length labels, or null (none). */
+    /**
+     * @brief The per-edge length labels, or null (none). Turning the held symbol's total back on
+     * shows nothing more: a polygon draws no total label.
+     */
     const std::shared_ptr<LengthLabelSymbol>& getLengthLabelSymbol() const noexcept {
         return lengthLabel_;
     }
@@ -81,11 +84,14 @@ public:
     /**
      * @brief Writes the symbol as the body of an extrusion into @p graphics: the fill switch; the
      * outline on, with the outline symbol's width and colour, when the outline symbol is present
-     * and shown, else off (the colour is that of the outline's material when it is a
-     * ColorMaterial or a LineDashMaterial, else (0.5, 1, 0.5, 1)); the context's distance display
-     * condition; and, when the symbol has a material, the material (brought up to date and
-     * shared, keo::Color::HIGHLIGHTCOLOR while the feature is highlighted). Without a material the
-     * graphics keep theirs.
+     * and shown, else off; the context's distance display condition; and, when the symbol has a
+     * material, the material (brought up to date and shared, keo::Color::HIGHLIGHTCOLOR while the
+     * feature is highlighted). Without a material the graphics keep theirs.
+     *
+     * The outline colour is that of the outline symbol's material when it is a ColorMaterial or
+     * a LineDashMaterial (its dash colour). Without such a colour (no material, or a material of
+     * another kind) the outline width still applies and the outline is drawn in light green
+     * (0.5, 1, 0.5, 1); this is intended. The outline colour does not follow highlighting.
      */
     void _fillWall(WallGraphics& graphics, const SymbolContext& context) const;
     /**

@@ -28,11 +28,20 @@ class Style;
  *   (keo::PolylineGraphics), the extrusion symbol's body (a PolygonSymbol) and tail (a
  *   LineSymbol): a wall standing on the line and a line along its top;
  * - "line-volume-symbol" (keo::PolylineVolumeGraphics), the line volume symbol;
- * - "length-label-segment-" and the index (one per segment) and "length-label-total"
- *   (keo::LabelGraphics), from the line symbol's LengthLabelSymbol;
- * - the label "label-symbol" at the point halfway along the line, with its "hint-line".
+ * - "length-label-segment-" and the index (one per segment, at its midpoint) and
+ *   "length-label-total" (at the last vertex, "总长：" before the length, anchored by its left
+ *   bottom corner 10 pixels right of and above the vertex) (keo::LabelGraphics), from the line
+ *   symbol's LengthLabelSymbol; the lengths are geodesic on WGS84 when the style's height
+ *   reference is not Absolute (also without a style), straight chords when it is;
+ * - the label "label-symbol" at the point halfway along the line (by chord lengths), with its
+ *   "hint-line"; a line of length 0 puts it at the Earth's centre (0, 0, 0), which is intended.
  * A line symbol whose path is enabled hands its positions to the renderer as a
  * keo::PathPositionArrayProperty that moves along the vertices.
+ *
+ * The default line is white (PolylineGraphics::getDefaultMaterial) and is only given to a root
+ * without graphics: when the line symbol is hidden or removed and nothing else is drawn, the line
+ * keeps the look it was last drawn with. This is intended: the default line only fills a root
+ * that has no graphics, it never replaces a line drawn before.
  *
  * Lines cannot follow heights relative to a surface: the relative height references are drawn
  * as the matching clamped ones, with a warning each time the style is applied (see
@@ -86,10 +95,13 @@ public:
     double getSpaceLength() const;
     /**
      * @brief The point at @p distance metres along the line, measured as getSpaceLength does:
-     * a vertex exactly as stored when the distance to it equals @p distance within 1e-10 m, the
-     * last vertex at or beyond the end, otherwise a point between two vertices (on the chord,
-     * converted back to longitude, latitude and height). With fewer than 2 vertices, or when the
-     * point cannot be converted back, a warning is logged and a zero Cartographic returned.
+     * a vertex exactly as stored when the distance to it equals @p distance within 1e-10 m (the
+     * first vertex is never compared), the last vertex at or beyond the end and for a NaN
+     * distance, otherwise a point between two vertices (on the chord, converted back to
+     * longitude, latitude and height); a negative distance gives a point before the first vertex
+     * on the first chord's extension. With fewer than 2 vertices ("折线的顶点数量不能少于2个。"),
+     * or when the point cannot be converted back ("世界坐标转经纬度错误。"), a warning is logged
+     * and a zero Cartographic returned.
      */
     Cartographic getSpacePoint(double distance) const;
 

@@ -40,7 +40,11 @@ public:
      * @brief Copies @p other: the Style base first, then each slot in the order line, extrusion,
      * overlay line, line volume: a copy of the other's symbol is installed through the slot's
      * setter (the symbol held before is released with its subscription), an empty slot empties
-     * this one. A style of another kind is not copied: a warning is logged and nothing changes.
+     * this one. So every slot that @p other fills raises a change, even when the values are
+     * equal, and listeners on the symbols held before no longer hear this style. This is
+     * intended: the line styles never assign a held symbol in place, unlike the point and
+     * polygon styles. A style of another kind is not copied: a warning is logged and nothing
+     * changes.
      */
     void assign(const Style& other) override;
     /** @brief A copy made by the copy constructor. */

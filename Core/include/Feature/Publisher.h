@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Feature/FunctionWrapper.h"
+#include "Feature/detail/ListenerCheck.h"
 #include "Feature/detail/RecursiveSpinLock.h"
 
 #include <atomic>
@@ -23,7 +24,9 @@ class Publisher;
  * raised with arguments of those types.
  *
  * - addEventListener appends a listener and returns a weak handle to its FunctionWrapper. It
- *   takes a std::function or, to save the std::function's own storage, any other callable.
+ *   takes a std::function or, to save the std::function's own storage, any other callable. A
+ *   callable that cannot be called with Args... is refused at compile time with one
+ *   static_assert that names the event (see detail::ListenerRule).
  * - raiseEvent calls the listeners in the order they were added. A listener added while the event
  *   fires is first called by the next raising; a listener removed while it fires is not called
  *   again and is unlinked (its callback released) once the outermost raising has finished.
@@ -72,13 +75,22 @@ public:
     }
 
     /**
-     * @brief Appends the callable @p callback as a listener, stored as it is (a lambda needs no
-     * std::function around it), and returns a weak handle to it.
+     * @brief Appends the callable @p callback as a listener, stored as it is (a lambda, a
+     * function pointer, a std::function lvalue, a mutable or generic lambda: no std::function
+     * around it), and returns a weak handle to it. What is not callable with Args... but makes a
+     * Callback (a null pointer: an empty listener) is stored as that Callback. Anything else does
+     * not compile: one static_assert names the event and the signature its listeners need.
      */
-    template <typename Function,
-              typename = std::enable_if_t<std::is_invocable_v<std::decay_t<Function>&, Args...>>>
+    template <typename Function>
     std::weak_ptr<FunctionWrapper> addEventListener(Function&& callback) {
-        return append<std::decay_t<Function>>(std::forward<Function>(callback));
+        if constexpr (!detail::IS_LISTENER<void(Args...), Function>) {
+            detail::refuseListener<void(Args...), Function>();
+            return {};
+        } else if constexpr (std::is_invocable_v<std::decay_t<Function>&, Args...>) {
+            return append<std::decay_t<Function>>(std::forward<Function>(callback));
+        } else {
+            return addEventListener(Callback(std::forward<Function>(callback)));
+        }
     }
 
     /** @brief Calls every listener in order with @p args (see the class description). */

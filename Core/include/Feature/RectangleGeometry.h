@@ -28,13 +28,17 @@ class Style;
  * - "extrusion-wall-symbol" (keo::WallGraphics) while the style's extrusion symbol is present and
  *   shown: a wall on the five corners south-west, south-east, north-east, north-west and
  *   south-west again, at height 0 and not rotated, from 0 up to the extrusion's height (or down
- *   to it, for a negative one), with the body symbol's look when it is a shown PolygonSymbol;
+ *   to it, for a negative one), with the body symbol's look when it is a shown PolygonSymbol.
+ *   The wall stands on the unturned corners even when the rectangle is rotated: this is
+ *   intended;
  * - the label "label-symbol", with its "hint-line", at the rectangle's centre.
- * The relative height references are drawn as the matching clamped ones, with a warning.
+ * Without a polygon symbol the root has no graphics (there is no default rectangle). The relative
+ * height references are drawn as the matching clamped ones, with the rectangle's own warning.
  *
  * An empty rectangle (see keo::GlobeRectangle::isEmpty, the default) cannot be drawn: both update
  * steps throw keo::InvalidParametersException (code 2, "矩形的范围错误." in the GBK code page,
- * function "RectangleGeometry::update") and change nothing.
+ * function "RectangleGeometry::update") and change nothing; the exception goes through
+ * Feature::_updateEntityInCull to the rendering side. The one GBK message is intended.
  *
  * setCoordinates notifies even for equal coordinates; setRotate follows the edit rule.
  */

@@ -46,8 +46,9 @@ public:
 
     /**
      * @brief Copies @p other's label symbol (in place when both hold one, else a clone or null),
-     * height reference and shadow mode, each by the edit rule. A style of another kind is not
-     * copied: a warning is logged and nothing changes. Each kind copies its own symbols after.
+     * height reference and shadow mode, each by the edit rule; the name is not copied. A style of
+     * another kind is not copied: a warning is logged and nothing changes. Each kind copies its
+     * own symbols after.
      */
     virtual void assign(const Style& other);
     /** @brief A deep copy of the same kind, without listeners. */

@@ -19,11 +19,15 @@ struct SymbolContext {
     const Feature& feature;
     /**
      * @brief The camera distances at which the drawing shows, as the geometry settled them (the
-     * intersection of the feature's and the geometry's conditions; a symbol with a condition of
-     * its own intersects it further); empty: at every distance.
+     * intersection of the feature's and the geometry's conditions; the label step passes the
+     * feature's alone; a symbol with a condition of its own intersects it further); empty: at
+     * every distance.
      */
     std::optional<DistanceDisplayCondition> distanceDisplayCondition;
-    /** @brief The style's height reference (how the drawing's heights are measured). */
+    /**
+     * @brief The style's height reference (how the drawing's heights are measured); kinds drawn
+     * without a style pass their own (ClampToTerrain for lines and areas).
+     */
     HeightReference heightReference = HeightReference::Absolute;
     /**
      * @brief Whether the feature is highlighted: the colours that follow highlighting show

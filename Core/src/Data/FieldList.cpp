@@ -156,8 +156,13 @@ void FieldList::addNull(std::string_view name) {
     addJson(name, "null");
 }
 
+void FieldList::addEnum(std::string_view name, int value, const char* word) {
+    entries_.push_back(
+        Entry{std::string(name), std::to_string(value), word != nullptr ? word : std::string()});
+}
+
 void FieldList::addJson(std::string_view name, std::string json) {
-    entries_.emplace_back(std::string(name), std::move(json));
+    entries_.push_back(Entry{std::string(name), std::move(json), std::string()});
 }
 
 } // namespace keo

@@ -158,13 +158,13 @@ std::string toJson(E value) {
 /** A JSON object of @p fields' entries, in order, on one line. */
 inline std::string toJsonObject(const FieldList& fields) {
     std::string out = "{";
-    for (const auto& [name, json] : fields.entries()) {
+    for (const auto& entry : fields.entries()) {
         if (out.size() > 1) {
             out += ", ";
         }
-        out += FieldList::quote(name);
+        out += FieldList::quote(entry.name);
         out += ": ";
-        out += json;
+        out += entry.json;
     }
     out += '}';
     return out;
@@ -279,10 +279,28 @@ inline std::string toJson(const PolygonHierarchy& value) {
     return out + "]}";
 }
 
-/** Adds @p value under @p name as its JSON literal. */
+template <typename T>
+struct IsOptionalEnum : std::false_type {};
+template <typename E>
+struct IsOptionalEnum<std::optional<E>> : std::is_enum<E> {};
+
+/**
+ * Adds @p value under @p name: an enumeration (or an optional one) as its number with the name
+ * of its value, anything else as its JSON literal.
+ */
 template <typename T>
 void addField(FieldList& fields, std::string_view name, const T& value) {
-    fields.addJson(name, toJson(value));
+    if constexpr (std::is_enum_v<T>) {
+        fields.addEnum(name, static_cast<int>(value), toString(value));
+    } else if constexpr (IsOptionalEnum<T>::value) {
+        if (value) {
+            fields.addEnum(name, static_cast<int>(*value), toString(*value));
+        } else {
+            fields.addNull(name);
+        }
+    } else {
+        fields.addJson(name, toJson(value));
+    }
 }
 
 } // namespace keo::detail

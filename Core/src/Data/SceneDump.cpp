@@ -1,5 +1,8 @@
 #include "Data/SceneDump.h"
 
+#include "Common/Cartographic.h"
+#include "Common/Ellipsoid.h"
+#include "Common/Math.h"
 #include "Data/Entity.h"
 #include "Data/FieldList.h"
 #include "Data/GeometryGraphics.h"
@@ -7,7 +10,9 @@
 #include "Data/PositionProperty.h"
 #include "GraphicsSupport.h"
 
+#include <cmath>
 #include <cstddef>
+#include <cstdio>
 #include <vector>
 
 namespace keo {
@@ -32,6 +37,65 @@ FieldList entityFields(const Entity& entity, const TimePoint& time) {
     fields.addJson("orientation",
                    q ? detail::toJson(Vector4<double>(q->x, q->y, q->z, q->w)) : "null");
     return fields;
+}
+
+// Deeper below the ellipsoid than this, a position is no place on the globe (a test point near
+// the Earth's centre, say): it gets no degrees.
+constexpr double DEEPEST_PLACE = -100000.0;
+
+// The entity's position on WGS84 at @p time, when it has one that is a place on the globe.
+std::optional<Cartographic> cartographicOf(const Entity& entity, const TimePoint& time) {
+    const auto& position = entity.getPosition();
+    const std::optional<Vector3<double>> value =
+        position ? position->getValue(time) : std::optional<Vector3<double>>();
+    if (!value) {
+        return std::nullopt;
+    }
+    const std::optional<Cartographic> place = Ellipsoid::WGS84.cartesianToCartographic(*value);
+    return place && place->height >= DEEPEST_PLACE ? place : std::nullopt;
+}
+
+// @p value rounded to @p decimals places, without the minus sign of a value that rounds to 0.
+double printable(double value, int decimals) {
+    return std::abs(value) < 0.5 * std::pow(10.0, -decimals) ? 0.0 : value;
+}
+
+// The text beside a position: longitude and latitude in degrees, height in metres.
+std::string cartographicText(const Cartographic& place) {
+    char text[96];
+    std::snprintf(text, sizeof text, " (longitude %.6f\u00b0, latitude %.6f\u00b0, height %.2f m)",
+                  printable(Math::toDegrees(place.longitude.value()), 6),
+                  printable(Math::toDegrees(place.latitude.value()), 6),
+                  printable(place.height, 2));
+    return text;
+}
+
+// @p value to @p decimals places (without a minus sign on 0), for numbers that a conversion
+// leaves with noise in their last digits.
+double rounded(double value, int decimals) {
+    const double scale = std::pow(10.0, decimals);
+    return printable(std::round(value * scale) / scale, decimals);
+}
+
+// The same as a JSON object: degrees to 1e-9 (a tenth of a millimetre), metres to millimetres.
+std::string cartographicJson(const std::optional<Cartographic>& place) {
+    if (!place) {
+        return "null";
+    }
+    return "{\"longitude\": " +
+           FieldList::number(rounded(Math::toDegrees(place->longitude.value()), 9)) +
+           ", \"latitude\": " +
+           FieldList::number(rounded(Math::toDegrees(place->latitude.value()), 9)) +
+           ", \"height\": " + FieldList::number(rounded(place->height, 3)) + "}";
+}
+
+// How the root names its owner in text: ` of feature 1001 "Marker"`.
+std::string ownerText(const std::optional<EntityOwner>& owner) {
+    if (!owner) {
+        return std::string();
+    }
+    return " of " + owner->kind + " " + std::to_string(owner->id) + " " +
+           FieldList::quote(owner->name);
 }
 
 // The graphics component's fields after its "type"; empty when the entity has none.
@@ -73,7 +137,8 @@ void walk(const Entity& root, Open open, Separator separator, Close close) {
 
 } // namespace
 
-std::string SceneDump::toJson(const Entity& root, const TimePoint& time) {
+std::string SceneDump::toJson(const Entity& root, const TimePoint& time,
+                              const std::optional<EntityOwner>& owner) {
     std::string out;
     // An entity at depth d sits in its parent's "children" array: two levels per generation.
     const auto indentOf = [](std::size_t depth) { return depth * 4; };
@@ -81,15 +146,36 @@ std::string SceneDump::toJson(const Entity& root, const TimePoint& time) {
                                    const std::string& json, bool last) {
         out += pad(indent) + FieldList::quote(name) + ": " + json + (last ? "\n" : ",\n");
     };
+    // An entry, then the name of an enumeration's value as a further field.
+    const auto writeEntry = [&writeField](std::size_t indent, const FieldList::Entry& entry,
+                                          bool last) {
+        if (entry.word.empty()) {
+            writeField(indent, entry.name, entry.json, last);
+            return;
+        }
+        writeField(indent, entry.name, entry.json, false);
+        writeField(indent, entry.name + "Name", FieldList::quote(entry.word), last);
+    };
     walk(
         root,
         [&](const Entity& entity, std::size_t depth) {
             const std::size_t indent = indentOf(depth);
             out += pad(indent) + "{\n";
             writeField(indent + 2, "name", FieldList::quote(entity.getName()), false);
+            if (depth == 0 && owner) {
+                writeField(indent + 2, "owner",
+                           "{\"kind\": " + FieldList::quote(owner->kind) +
+                               ", \"id\": " + std::to_string(owner->id) +
+                               ", \"name\": " + FieldList::quote(owner->name) + "}",
+                           false);
+            }
             const FieldList own = entityFields(entity, time);
-            for (const auto& [name, json] : own.entries()) {
-                writeField(indent + 2, name, json, false);
+            for (const auto& entry : own.entries()) {
+                writeEntry(indent + 2, entry, false);
+                if (entry.name == "position") {
+                    writeField(indent + 2, "positionCartographic",
+                               cartographicJson(cartographicOf(entity, time)), false);
+                }
             }
             const FieldList graphics = graphicsFields(entity, time);
             if (graphics.entries().empty()) {
@@ -98,8 +184,7 @@ std::string SceneDump::toJson(const Entity& root, const TimePoint& time) {
                 out += pad(indent + 2) + "\"graphics\": {\n";
                 const auto& entries = graphics.entries();
                 for (std::size_t i = 0; i < entries.size(); ++i) {
-                    writeField(indent + 4, entries[i].first, entries[i].second,
-                               i + 1 == entries.size());
+                    writeEntry(indent + 4, entries[i], i + 1 == entries.size());
                 }
                 out += pad(indent + 2) + "},\n";
             }
@@ -117,16 +202,31 @@ std::string SceneDump::toJson(const Entity& root, const TimePoint& time) {
     return out;
 }
 
-std::string SceneDump::toText(const Entity& root, const TimePoint& time) {
+std::string SceneDump::toText(const Entity& root, const TimePoint& time,
+                              const std::optional<EntityOwner>& owner) {
     std::string out;
+    // An entry's line: the name of an enumeration's value stands beside its number.
+    const auto line = [&out](std::size_t indent, const FieldList::Entry& entry) {
+        out += pad(indent) + entry.name + ": " + entry.json;
+        if (!entry.word.empty()) {
+            out += " (" + entry.word + ")";
+        }
+    };
     walk(
         root,
         [&](const Entity& entity, std::size_t depth) {
             const std::size_t indent = depth * 2;
-            out += pad(indent) + "Entity " + FieldList::quote(entity.getName()) + "\n";
+            out += pad(indent) + "Entity " + FieldList::quote(entity.getName()) +
+                   (depth == 0 ? ownerText(owner) : std::string()) + "\n";
             const FieldList own = entityFields(entity, time);
-            for (const auto& [name, json] : own.entries()) {
-                out += pad(indent + 2) + name + ": " + json + "\n";
+            for (const auto& entry : own.entries()) {
+                line(indent + 2, entry);
+                if (entry.name == "position") {
+                    if (const auto place = cartographicOf(entity, time)) {
+                        out += cartographicText(*place);
+                    }
+                }
+                out += "\n";
             }
             const FieldList graphics = graphicsFields(entity, time);
             const auto& entries = graphics.entries();
@@ -137,7 +237,8 @@ std::string SceneDump::toText(const Entity& root, const TimePoint& time) {
                 out += pad(indent + 2) +
                        "graphics: " + entity.getGeometryGraphics()->getTypeName() + "\n";
                 for (std::size_t i = 1; i < entries.size(); ++i) {
-                    out += pad(indent + 4) + entries[i].first + ": " + entries[i].second + "\n";
+                    line(indent + 4, entries[i]);
+                    out += "\n";
                 }
             }
             out +=

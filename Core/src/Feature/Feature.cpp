@@ -380,6 +380,19 @@ void Feature::tearDownChildren() {
 
 void Feature::_updateEntityInCull(bool addAgain) {
     const Lock lock(*mutex_);
+    updateLocked(addAgain);
+}
+
+bool Feature::_updateEntityInCull(bool addAgain, std::vector<std::shared_ptr<Entity>>& added,
+                                  std::vector<std::shared_ptr<Entity>>& removed) {
+    const Lock lock(*mutex_);
+    const bool rebuilt = updateLocked(addAgain);
+    added.swap(addedEntities_);
+    removed.swap(removedEntities_);
+    return rebuilt;
+}
+
+bool Feature::updateLocked(bool addAgain) {
     changeRaised_ = false;
 
     if (!implHandle_) {
@@ -391,13 +404,13 @@ void Feature::_updateEntityInCull(bool addAgain) {
 
     if (!isShowing()) {
         implHandle_->setShow(false);
-        return;
+        return false;
     }
     implHandle_->_setAsynchronous(asynchronous_);
     implHandle_->setShow(true);
 
     if (!geometryDirty_ && !styleDirty_) {
-        return;
+        return false;
     }
 
     if (geometryKindChanged_) {
@@ -422,6 +435,7 @@ void Feature::_updateEntityInCull(bool addAgain) {
     }
     geometryDirty_ = false;
     styleDirty_ = false;
+    return true;
 }
 
 std::weak_ptr<FunctionWrapper>

@@ -247,7 +247,6 @@ void drawWall(Drawing& drawing, const ExtrusionSymbol& extrusion, double height)
     if (created) {
         wall.setPositions(closed(outerRing(drawing)));
     }
-    body->_fillWall(wall, drawing.context);
     std::vector<double> minimum;
     std::vector<double> maximum;
     for (const Cartographic& vertex : drawing.hierarchy.positions) {
@@ -262,6 +261,8 @@ void drawWall(Drawing& drawing, const ExtrusionSymbol& extrusion, double height)
     maximum.push_back(maximum.front());
     wall.setMinimumHeights(std::move(minimum));
     wall.setMaximumHeights(std::move(maximum));
+    // After the heights: a material tiled by the metre measures the wall's height.
+    body->_fillWall(wall, drawing.context);
 }
 
 void drawRoofOutline(Drawing& drawing, const PolygonSymbol& tail, const PolygonHierarchy& roof) {

@@ -1,5 +1,13 @@
 #include "Data/FieldList.h"
 
+#include "Data/ClassificationType.h"
+#include "Data/HeightReference.h"
+#include "Data/HorizontalOrigin.h"
+#include "Data/LabelStyle.h"
+#include "Data/ReferenceFrame.h"
+#include "Data/ShadowMode.h"
+#include "Data/VerticalOrigin.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -25,6 +33,30 @@ TEST(FieldListTest, KeepsEntriesInOrderWithJsonLiterals) {
     EXPECT_EQ(e[3], (FieldList::Entry{"name", "\"label-symbol\""}));
     EXPECT_EQ(e[4], (FieldList::Entry{"distanceDisplayCondition", "null"}));
     EXPECT_EQ(e[5], (FieldList::Entry{"raw", "[1, 2]"}));
+}
+
+TEST(FieldListTest, AnEnumerationKeepsItsNumberAndTheNameOfItsValue) {
+    FieldList fields;
+    fields.addEnum("heightReference", 2, keo::toString(keo::HeightReference::RelativeToGround));
+    fields.addEnum("code", 9, nullptr); // a value without a name: the number alone
+    const auto& e = fields.entries();
+    ASSERT_EQ(e.size(), 2u);
+    EXPECT_EQ(e[0], (FieldList::Entry{"heightReference", "2", "relativeToGround"}));
+    EXPECT_EQ(e[1], (FieldList::Entry{"code", "9", ""}));
+}
+
+TEST(FieldListTest, EveryEnumerationOfTheGraphicsNamesEachOfItsValues) {
+    EXPECT_STREQ(keo::toString(keo::HeightReference::Absolute), "absolute");
+    EXPECT_STREQ(keo::toString(keo::HeightReference::RelativeTo3DTiles), "relativeTo3DTiles");
+    EXPECT_EQ(keo::toString(static_cast<keo::HeightReference>(7)), nullptr);
+    EXPECT_STREQ(keo::toString(keo::ClassificationType::Tiles3D), "tiles3D");
+    EXPECT_STREQ(keo::toString(keo::ClassificationType::Both), "both");
+    EXPECT_STREQ(keo::toString(keo::HorizontalOrigin::Right), "right");
+    EXPECT_STREQ(keo::toString(keo::VerticalOrigin::Baseline), "baseline");
+    EXPECT_STREQ(keo::toString(keo::LabelStyle::FillAndOutline), "fillAndOutline");
+    EXPECT_STREQ(keo::toString(keo::ShadowMode::ReceiveOnly), "receiveOnly");
+    EXPECT_STREQ(keo::toString(keo::ReferenceFrame::Inertial), "inertial");
+    EXPECT_EQ(keo::toString(static_cast<keo::ShadowMode>(4)), nullptr);
 }
 
 TEST(FieldListTest, NumbersUseTheirShortestExactForm) {
@@ -68,13 +100,13 @@ TEST(FieldListTest, ColoursAndVectors) {
     fields.add("ratio", 0.5f);
     fields.add("big", std::int64_t{-9007199254740993LL});
     const auto& e = fields.entries();
-    EXPECT_EQ(e[0].second, "\"#ff0000\"");
-    EXPECT_EQ(e[1].second, "[1.5, -2]");
-    EXPECT_EQ(e[2].second, "[0.25, 4]");
-    EXPECT_EQ(e[3].second, "[1, 2.5, -3]");
-    EXPECT_EQ(e[4].second, "[7, 5, 7, 5]");
-    EXPECT_EQ(e[5].second, "0.5");
-    EXPECT_EQ(e[6].second, "-9007199254740993");
+    EXPECT_EQ(e[0].json, "\"#ff0000\"");
+    EXPECT_EQ(e[1].json, "[1.5, -2]");
+    EXPECT_EQ(e[2].json, "[0.25, 4]");
+    EXPECT_EQ(e[3].json, "[1, 2.5, -3]");
+    EXPECT_EQ(e[4].json, "[7, 5, 7, 5]");
+    EXPECT_EQ(e[5].json, "0.5");
+    EXPECT_EQ(e[6].json, "-9007199254740993");
 }
 
 } // namespace

@@ -173,15 +173,15 @@ TEST(GeometryGraphicsTest, DescribeWritesTheCommonFieldsFirst) {
     const auto& e = fields.entries();
     ASSERT_GE(e.size(), 6u);
     EXPECT_EQ(e[0], (keo::FieldList::Entry{"show", "true"}));
-    EXPECT_EQ(e[1], (keo::FieldList::Entry{"shadows", "0"}));
-    EXPECT_EQ(e[2], (keo::FieldList::Entry{"heightReference", "0"}));
-    EXPECT_EQ(e[3], (keo::FieldList::Entry{"classificationType", "2"}));
+    EXPECT_EQ(e[1], (keo::FieldList::Entry{"shadows", "0", "disabled"}));
+    EXPECT_EQ(e[2], (keo::FieldList::Entry{"heightReference", "0", "absolute"}));
+    EXPECT_EQ(e[3], (keo::FieldList::Entry{"classificationType", "2", "both"}));
     EXPECT_EQ(e[4],
               (keo::FieldList::Entry{"distanceDisplayCondition", "{\"near\": 0.5, \"far\": 100}"}));
-    EXPECT_EQ(e[5].first, "material");
-    EXPECT_EQ(e[5].second.rfind("{\"type\": \"ColorMaterialProperty\", \"color\": \"#ff0000\"", 0),
+    EXPECT_EQ(e[5].name, "material");
+    EXPECT_EQ(e[5].json.rfind("{\"type\": \"ColorMaterialProperty\", \"color\": \"#ff0000\"", 0),
               0u)
-        << e[5].second;
+        << e[5].json;
 }
 
 } // namespace

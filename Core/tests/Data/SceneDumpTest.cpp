@@ -22,13 +22,14 @@ using keo::Entity;
 using keo::SceneDump;
 using keo::Vector3;
 
-// root (a red point at (1, 2, 3))
+// root (a red point where the equator meets the prime meridian)
 // ├── line (a two-point polyline painted yellow, hidden)
 // │   └── hint-line (nothing attached)
 // └── empty (nothing attached)
 std::shared_ptr<Entity> smallTree() {
     auto root = std::make_shared<Entity>("root");
-    root->setPosition(std::make_shared<keo::ConstantPositionProperty>(Vector3<double>(1, 2, 3)));
+    root->setPosition(
+        std::make_shared<keo::ConstantPositionProperty>(Vector3<double>(6378137, 0, 0)));
     auto point = std::make_shared<keo::PointGraphics>();
     point->setPixelSize(10.0f);
     point->setColor(keo::Color::RED);
@@ -56,12 +57,12 @@ std::shared_ptr<Entity> smallTree() {
 const char* const EXPECTED_TEXT = R"(Entity "root"
   show: true
   asynchronous: true
-  position: [1, 2, 3]
+  position: [6378137, 0, 0] (longitude 0.000000°, latitude 0.000000°, height 0.00 m)
   orientation: null
   graphics: PointGraphics
     show: true
-    shadows: 0
-    heightReference: 0
+    shadows: 0 (disabled)
+    heightReference: 0 (absolute)
     classificationType: null
     distanceDisplayCondition: null
     material: null
@@ -77,9 +78,9 @@ const char* const EXPECTED_TEXT = R"(Entity "root"
     orientation: null
     graphics: PolylineGraphics
       show: true
-      shadows: 0
-      heightReference: 0
-      classificationType: 0
+      shadows: 0 (disabled)
+      heightReference: 0 (absolute)
+      classificationType: 0 (terrain)
       distanceDisplayCondition: null
       material: {"type": "ColorMaterialProperty", "color": "#ffff00", "enableBreathing": false, "breathingRate": 100}
       positions: [[0, 0, 0], [0.5, 0, -1]]
@@ -109,13 +110,16 @@ const char* const EXPECTED_JSON = R"({
   "name": "root",
   "show": true,
   "asynchronous": true,
-  "position": [1, 2, 3],
+  "position": [6378137, 0, 0],
+  "positionCartographic": {"longitude": 0, "latitude": 0, "height": 0},
   "orientation": null,
   "graphics": {
     "type": "PointGraphics",
     "show": true,
     "shadows": 0,
+    "shadowsName": "disabled",
     "heightReference": 0,
+    "heightReferenceName": "absolute",
     "classificationType": null,
     "distanceDisplayCondition": null,
     "material": null,
@@ -130,13 +134,17 @@ const char* const EXPECTED_JSON = R"({
       "show": false,
       "asynchronous": true,
       "position": null,
+      "positionCartographic": null,
       "orientation": null,
       "graphics": {
         "type": "PolylineGraphics",
         "show": true,
         "shadows": 0,
+        "shadowsName": "disabled",
         "heightReference": 0,
+        "heightReferenceName": "absolute",
         "classificationType": 0,
+        "classificationTypeName": "terrain",
         "distanceDisplayCondition": null,
         "material": {"type": "ColorMaterialProperty", "color": "#ffff00", "enableBreathing": false, "breathingRate": 100},
         "positions": [[0, 0, 0], [0.5, 0, -1]],
@@ -152,6 +160,7 @@ const char* const EXPECTED_JSON = R"({
           "show": true,
           "asynchronous": false,
           "position": null,
+          "positionCartographic": null,
           "orientation": null,
           "graphics": null,
           "children": []
@@ -163,6 +172,7 @@ const char* const EXPECTED_JSON = R"({
       "show": true,
       "asynchronous": true,
       "position": null,
+      "positionCartographic": null,
       "orientation": null,
       "graphics": null,
       "children": []
@@ -186,6 +196,7 @@ TEST(SceneDumpTest, ASingleEntityWithoutAnythingIsAShortRecord) {
                                          "  \"show\": true,\n"
                                          "  \"asynchronous\": true,\n"
                                          "  \"position\": null,\n"
+                                         "  \"positionCartographic\": null,\n"
                                          "  \"orientation\": null,\n"
                                          "  \"graphics\": null,\n"
                                          "  \"children\": []\n"
@@ -202,6 +213,40 @@ TEST(SceneDumpTest, PositionsAreEvaluatedAtTheGivenTime) {
         }));
     const std::string text = SceneDump::toText(*entity, keo::TimePoint::fromSeconds(1.5));
     EXPECT_NE(text.find("  position: [3, 0, 0]\n"), std::string::npos) << text;
+}
+
+TEST(SceneDumpTest, APositionOnTheEllipsoidIsAlsoGivenInDegreesAndMetres) {
+    const auto entity = std::make_shared<Entity>("mast");
+    // 100 m above the equator at 90 degrees east.
+    entity->setPosition(
+        std::make_shared<keo::ConstantPositionProperty>(Vector3<double>(0.0, 6378237.0, 0.0)));
+    const std::string text = SceneDump::toText(*entity);
+    EXPECT_NE(text.find("(longitude 90.000000°, latitude 0.000000°, height 100.00 m)"),
+              std::string::npos)
+        << text;
+    const std::string json = SceneDump::toJson(*entity);
+    EXPECT_NE(json.find("\"positionCartographic\": {\"longitude\": 90, \"latitude\": 0, "
+                        "\"height\": 100}"),
+              std::string::npos)
+        << json;
+    // A point near the Earth's centre is no place on the globe: no degrees.
+    entity->setPosition(
+        std::make_shared<keo::ConstantPositionProperty>(Vector3<double>(3.0, 0.0, 0.0)));
+    EXPECT_EQ(SceneDump::toText(*entity).find("longitude"), std::string::npos);
+    EXPECT_NE(SceneDump::toJson(*entity).find("\"positionCartographic\": null"), std::string::npos);
+}
+
+TEST(SceneDumpTest, TheRootNamesItsOwnerWhenOneIsGiven) {
+    const auto tree = smallTree();
+    const keo::EntityOwner owner{"feature", 1001, "Marker"};
+    const std::string text = SceneDump::toText(*tree, keo::TimePoint(), owner);
+    EXPECT_EQ(text.substr(0, text.find('\n')), "Entity \"root\" of feature 1001 \"Marker\"");
+    // Only the root names it.
+    EXPECT_NE(text.find("\n  Entity \"line\"\n"), std::string::npos);
+    const std::string json = SceneDump::toJson(*tree, keo::TimePoint(), owner);
+    EXPECT_EQ(json.substr(0, json.find("  \"show\"")),
+              "{\n  \"name\": \"root\",\n"
+              "  \"owner\": {\"kind\": \"feature\", \"id\": 1001, \"name\": \"Marker\"},\n");
 }
 
 TEST(SceneDumpTest, NanCoordinatesAreWrittenAsStrings) {

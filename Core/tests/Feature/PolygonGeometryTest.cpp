@@ -6,6 +6,7 @@
 #include "Common/Math.h"
 #include "Data/ColorMaterialProperty.h"
 #include "Data/Entity.h"
+#include "Data/ImageMaterialProperty.h"
 #include "Data/LabelGraphics.h"
 #include "Data/MaterialProperty.h"
 #include "Data/PointGraphics.h"
@@ -18,6 +19,8 @@
 #include "Feature/ColorMaterial.h"
 #include "Feature/ExtrusionSymbol.h"
 #include "Feature/Feature.h"
+#include "Feature/ImageMaterial.h"
+#include "Feature/ImageTileSizeUnit.h"
 #include "Feature/LabelSymbol.h"
 #include "Feature/LengthLabelSymbol.h"
 #include "Feature/LineSymbol.h"
@@ -865,6 +868,27 @@ TEST(PolygonGeometryTest, TheWallTakesTheBodysFillOutlineAndMaterialAndTheRoofTh
     ASSERT_NE(roofOutline, nullptr);
     EXPECT_EQ(roofOutline->getWidth(), 1.5f);
     EXPECT_EQ(roofOutline->getPositions()->getValues(keo::TimePoint()).size(), 5u);
+}
+
+TEST(PolygonGeometryTest, AWallTiledByTheMetreMeasuresTheHeightsOfThisUpdate) {
+    // The material is laid on the wall after its heights are set: the first update does not
+    // find them missing, and a raised wall is tiled by its new height at once.
+    PolygonScene scene;
+    auto tiles = std::make_shared<keo::Feature::ImageMaterial>();
+    tiles->setTileSizeUnit(keo::Feature::ImageTileSizeUnit::Meter);
+    tiles->setTileSize({10.0f, 10.0f});
+    auto body = std::make_shared<PolygonSymbol>(tiles);
+    auto extrusion = std::make_shared<ExtrusionSymbol>();
+    extrusion->setHeight(40.0);
+    extrusion->setBodySymbol(body);
+    scene.style.setExtrusionSymbol(extrusion);
+    ASSERT_TRUE(scene.updateBoth());
+    const auto* wall = graphicsOf<WallGraphics>(*scene.child(WALL));
+    ASSERT_NE(wall, nullptr);
+    EXPECT_FLOAT_EQ(wall->getMaterial()->asImageMaterialProperty()->getRepeat().y, 4.0f);
+    extrusion->setHeight(60.0);
+    ASSERT_TRUE(scene.updateStyle());
+    EXPECT_FLOAT_EQ(wall->getMaterial()->asImageMaterialProperty()->getRepeat().y, 6.0f);
 }
 
 TEST(PolygonGeometryTest, AWallOutlineWithoutASolidColourMaterialIsPaleGreen) {

@@ -22,7 +22,7 @@ constexpr std::uint32_t FRAMES = 12;
 
 void BM_SampleLastFramePicture(benchmark::State& state) {
     keo::scene::Scene scene("bench");
-    keo::scene::RendererSide renderer(scene.root());
+    keo::scene::RendererSide renderer(scene.sharedRoot());
     keo::scene::populateSample(scene, keo::scene::sampleEntries().size());
     for (std::uint32_t frame = 1; frame <= FRAMES; ++frame) {
         keo::scene::applyEditsBefore(frame, scene);

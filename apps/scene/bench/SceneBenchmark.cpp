@@ -32,7 +32,7 @@ struct PlayedScene {
         renderer.runFrame(frame++);
     }
     Scene scene{"bench"};
-    RendererSide renderer{scene.root()};
+    RendererSide renderer{scene.sharedRoot()};
     std::uint32_t frame = 1;
 };
 

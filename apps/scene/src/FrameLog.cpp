@@ -69,6 +69,11 @@ void writeCounts(JsonWriter& json, const FrameRecord& record) {
     json.endObject();
 }
 
+// How the dumps name the feature an entity tree belongs to.
+EntityOwner ownerOf(const Feature::FeatureBase& feature) {
+    return EntityOwner{"feature", feature.getId(), feature.getName()};
+}
+
 void writeStrings(JsonWriter& json, const char* name, const std::vector<std::string>& texts) {
     json.key(name);
     json.beginArray();
@@ -81,6 +86,7 @@ void writeStrings(JsonWriter& json, const char* name, const std::vector<std::str
 } // namespace
 
 std::string frameLogJson(const std::string& mode, const std::vector<FrameRecord>& frames,
+                         const std::vector<ScalePhase>& phases, std::size_t logRecords,
                          const Scene& scene, double time) {
     JsonWriter json;
     json.beginObject();
@@ -105,6 +111,29 @@ std::string frameLogJson(const std::string& mode, const std::vector<FrameRecord>
         json.endObject();
     }
     json.endArray();
+    if (!phases.empty()) {
+        json.key("phases");
+        json.beginArray();
+        for (const ScalePhase& phase : phases) {
+            json.beginObject();
+            json.key("name");
+            json.value(phase.name);
+            json.key("features");
+            json.value(static_cast<std::uint64_t>(phase.features));
+            json.key("entities");
+            json.value(static_cast<std::uint64_t>(phase.entities));
+            json.key("seconds");
+            json.value(phase.seconds);
+            json.key("featuresPerSecond");
+            json.value(phase.featureRate());
+            json.key("entitiesPerSecond");
+            json.value(phase.entityRate());
+            json.endObject();
+        }
+        json.endArray();
+    }
+    json.key("logRecords");
+    json.value(static_cast<std::uint64_t>(logRecords));
     json.key("time");
     json.value(time);
     json.key("features");
@@ -119,7 +148,8 @@ std::string frameLogJson(const std::string& mode, const std::vector<FrameRecord>
         json.value(scene.groupNameOf(*feature));
         json.key("entities");
         if (const Entity* root = static_cast<const Feature::Feature&>(*feature)._getImplHandle()) {
-            json.rawValue(SceneDump::toJson(*root, TimePoint::fromSeconds(time)));
+            json.rawValue(
+                SceneDump::toJson(*root, TimePoint::fromSeconds(time), ownerOf(*feature)));
         } else {
             json.rawValue("null");
         }
@@ -136,7 +166,7 @@ std::string entityTreesText(const Scene& scene, double time) {
         text += "\nfeature " + std::to_string(feature->getId()) + " \"" + feature->getName() +
                 "\" in group \"" + scene.groupNameOf(*feature) + "\"\n";
         if (const Entity* root = static_cast<const Feature::Feature&>(*feature)._getImplHandle()) {
-            text += SceneDump::toText(*root, TimePoint::fromSeconds(time));
+            text += SceneDump::toText(*root, TimePoint::fromSeconds(time), ownerOf(*feature));
         } else {
             text += "no entities yet\n";
         }

@@ -3,6 +3,7 @@
 #include "CollectionWatch.h"
 #include "RendererSide.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -28,6 +29,28 @@ struct FrameRecord {
     std::vector<std::string> logs;
 };
 
+/** @brief One measured phase of the scale run (build, clean frames, edits). */
+struct ScalePhase {
+    /** @brief The phase's name as printed. */
+    const char* name = "";
+    /** @brief Features handled: built, visited or edited (each frame counts every feature). */
+    std::size_t features = 0;
+    /** @brief Live entities summed over the phase's frames. */
+    std::size_t entities = 0;
+    /** @brief Wall time of the phase, seconds. */
+    double seconds = 0.0;
+
+    /** @brief Features per second; 0 for a phase too short to time. */
+    double featureRate() const noexcept { return rate(features); }
+    /** @brief Entities per second; 0 for a phase too short to time. */
+    double entityRate() const noexcept { return rate(entities); }
+
+private:
+    double rate(std::size_t count) const noexcept {
+        return seconds > 0.0 ? static_cast<double>(count) / seconds : 0.0;
+    }
+};
+
 /** @brief Seconds of scene time from one frame to the next. */
 inline constexpr double FRAME_SECONDS = 0.5;
 
@@ -44,10 +67,13 @@ inline double frameTime(std::uint32_t frame) noexcept {
 std::string formatFrame(const FrameRecord& record);
 
 /**
- * @brief The JSON report: the mode, the per-frame log and, for every feature of @p scene in tree
- * order, its id, name, group and entity tree (keo::SceneDump::toJson at scene time @p time).
+ * @brief The JSON report: the mode, the per-frame log, the scale run's @p phases with their rates
+ * (left out when empty), the number of log records @p logRecords and, for every feature of
+ * @p scene in tree order, its id, name, group and entity tree (keo::SceneDump::toJson at scene
+ * time @p time).
  */
 std::string frameLogJson(const std::string& mode, const std::vector<FrameRecord>& frames,
+                         const std::vector<ScalePhase>& phases, std::size_t logRecords,
                          const Scene& scene, double time);
 
 /**

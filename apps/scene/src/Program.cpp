@@ -40,7 +40,7 @@ struct Run {
     Run(const char* layerName, PictureOutput pictureOutput)
         : logs()
         , scene(layerName)
-        , renderer(scene.root())
+        , renderer(scene.sharedRoot())
         , watch(scene.collection())
         , pictures(std::move(pictureOutput)) {}
 
@@ -94,6 +94,8 @@ struct Run {
     CollectionWatch watch;
     PictureOutput pictures;
     std::vector<FrameRecord> frames;
+    // The scale run's measured phases (none in the sample).
+    std::vector<ScalePhase> phases;
 };
 
 int runFailed(std::ostream& err, const std::string& message) {
@@ -179,24 +181,11 @@ int runSample(const Options& options, Run& run, std::ostream& out, std::ostream&
     return EXIT_OK;
 }
 
-// One measured phase of the scale run.
-struct Phase {
-    const char* name;
-    std::size_t features = 0;
-    std::size_t entities = 0;
-    double seconds = 0.0;
-};
-
-std::string formatPhase(const Phase& phase) {
-    // Rates of a phase too short to time are shown as 0 rather than divided by zero.
-    const double seconds = phase.seconds > 0.0 ? phase.seconds : 0.0;
-    const auto rate = [seconds](std::size_t count) {
-        return seconds > 0.0 ? static_cast<double>(count) / seconds : 0.0;
-    };
+std::string formatPhase(const ScalePhase& phase) {
     char line[160];
     std::snprintf(line, sizeof line, "%-13s %10zu %11zu %9.3f %12.0f %12.0f\n", phase.name,
-                  phase.features, phase.entities, seconds, rate(phase.features),
-                  rate(phase.entities));
+                  phase.features, phase.entities, phase.seconds, phase.featureRate(),
+                  phase.entityRate());
     return line;
 }
 
@@ -218,15 +207,15 @@ int runScale(const Options& options, std::uint32_t featureCount, Run& run, std::
     // one frame, each clean frame is one visit, each edit round an edit and a visit.
     const std::size_t frames = options.frames;
     ProgressBar bar(err, progress && !options.quiet, featureCount * (2 + 3 * frames));
-    Phase build{"build"};
-    Phase clean{"clean frames"};
-    Phase edits{"edits"};
+    ScalePhase build{"build"};
+    ScalePhase clean{"clean frames"};
+    ScalePhase edits{"edits"};
     std::uint32_t frame = 0;
 
     // Times @p work, then plays the next frame and adds both to @p phase (the frame is part of
     // every phase: it is where the entities are made and brought up to date). Verification runs
     // outside the measured time.
-    const auto measure = [&](Phase& phase, const std::function<void()>& work) {
+    const auto measure = [&](ScalePhase& phase, const std::function<void()>& work) {
         const auto start = Clock::now();
         work();
         run.play(++frame, {});
@@ -267,9 +256,10 @@ int runScale(const Options& options, std::uint32_t featureCount, Run& run, std::
     if (failure) {
         return runFailed(err, *failure);
     }
+    run.phases = {build, clean, edits};
     out << "phase           features    entities   seconds   features/s   entities/s\n";
-    for (const Phase* phase : {&build, &clean, &edits}) {
-        out << formatPhase(*phase);
+    for (const ScalePhase& phase : run.phases) {
+        out << formatPhase(phase);
     }
     out << "log: " << run.logs.total() << " records\n";
     if (options.verify) {
@@ -329,7 +319,7 @@ int runProgram(const std::vector<std::string>& arguments, std::ostream& out, std
     if (status != EXIT_OK || !json.is_open()) {
         return status;
     }
-    json << frameLogJson(mode, run.frames, run.scene, run.lastTime());
+    json << frameLogJson(mode, run.frames, run.phases, run.logs.total(), run.scene, run.lastTime());
     json.close();
     if (json.fail()) {
         err << "keo-scene: could not write the JSON report to '" << options.jsonPath << "'\n";

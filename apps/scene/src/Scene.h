@@ -51,6 +51,8 @@ public:
     const std::shared_ptr<Layer>& layer() const noexcept { return layer_; }
     /** @brief The root group (carries the layer). */
     Feature::FeatureGroup& root() const noexcept { return *root_; }
+    /** @brief The root group, shared (what a frame driver draws). */
+    const std::shared_ptr<Feature::FeatureGroup>& sharedRoot() const noexcept { return root_; }
     /** @brief The subgroup named @p name, made under the root when it does not exist yet. */
     Feature::FeatureGroup& group(const std::string& name);
     /** @brief The collection watching the scene's features. */

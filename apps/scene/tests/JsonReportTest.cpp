@@ -153,6 +153,21 @@ TEST(JsonReportTest, TheScaleRunReportsEveryFrameOfItsThreePhases) {
     EXPECT_EQ(report["frames"].array.size(), 5u);
     EXPECT_EQ(report["features"].array.size(), 20u);
     EXPECT_NE(out.find("entities/s"), std::string::npos);
+    // The phases with their rates, as the table prints them.
+    const auto& phases = report["phases"].array;
+    ASSERT_EQ(phases.size(), 3u);
+    EXPECT_EQ(phases[0]["name"].string, "build");
+    EXPECT_EQ(phases[1]["name"].string, "clean frames");
+    EXPECT_EQ(phases[2]["name"].string, "edits");
+    for (const auto& phase : phases) {
+        EXPECT_EQ(phase["features"].number, phase["name"].string == "build" ? 20.0 : 40.0);
+        EXPECT_GT(phase["entities"].number, phase["features"].number);
+        if (phase["seconds"].number > 0.0) {
+            EXPECT_DOUBLE_EQ(phase["featuresPerSecond"].number,
+                             phase["features"].number / phase["seconds"].number);
+        }
+    }
+    EXPECT_GT(report["logRecords"].number, 0.0);
 }
 
 TEST(JsonReportTest, TheDataRunReportsTheLoadedFeaturesInTheirLayersGroup) {
