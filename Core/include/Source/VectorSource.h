@@ -74,6 +74,11 @@ public:
      * feature count grows by the number added.
      */
     std::size_t add(const RecordSet& records, LoadReport& report, bool strict = false);
+    /**
+     * @brief As add above, taking the attributes of @p records over instead of copying them: the
+     * records are left without attributes.
+     */
+    std::size_t add(RecordSet&& records, LoadReport& report, bool strict = false);
 
     /**
      * @brief Reads the file at @p path (see Reader::readFile) with the read options, whose empty

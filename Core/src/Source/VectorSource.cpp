@@ -34,6 +34,8 @@ struct PlannedFeature {
     AttributeRow row;
     std::size_t rule = 0;
     ResolvedStyle resolved;
+    /** @brief The attributes the feature gets (the record's, copied or taken over). */
+    keo::Feature::Feature::AttributeMap attributes;
 };
 
 /** @brief The state of a VectorSource. */
@@ -120,7 +122,7 @@ void SourceState::build(PlannedFeature& planned) {
     objects.feature = std::make_shared<keo::Feature::Feature>(planned.id);
     keo::Feature::Feature& feature = *objects.feature;
     feature.setName(record.name);
-    feature.setAttributes(record.attributes);
+    feature.setAttributes(std::move(planned.attributes));
     feature.setGeometry(objects.geometry);
     // A multi geometry logs the style as not matching it, and draws it all the same.
     feature.setStyle(objects.style);
@@ -176,20 +178,35 @@ VectorSource::VectorSource(std::shared_ptr<const StyleSheet> sheet,
 
 VectorSource::~VectorSource() = default;
 
-std::size_t VectorSource::add(const RecordSet& records, LoadReport& report, bool strict) {
+namespace {
+
+// A record the source may consume gives its attributes up; one it may only read lends a copy.
+keo::Feature::Feature::AttributeMap attributesOf(const Record& record) {
+    return record.attributes;
+}
+
+keo::Feature::Feature::AttributeMap attributesOf(Record& record) {
+    return std::move(record.attributes);
+}
+
+// VectorSource::add, for records it may only read (const) or may consume.
+template <typename Records>
+std::size_t addRecords(detail::SourceState& state, Records& records, LoadReport& report,
+                       bool strict) {
     const std::size_t problemsBefore = report.problemCount();
     const std::size_t entriesBefore = report.entries().size();
-    const std::size_t expected = state_->features.size() + records.records.size();
+    const std::size_t expected = state.features.size() + records.records.size();
     std::unordered_set<std::uint64_t> taken;
     taken.reserve(expected);
-    for (const auto& [id, index] : state_->byId) {
+    for (const auto& [id, index] : state.byId) {
         taken.insert(id);
     }
     std::vector<detail::PlannedFeature> planned;
     planned.reserve(records.records.size());
-    for (const Record& record : records.records) {
+    for (auto& record : records.records) {
         detail::PlannedFeature next;
-        if (state_->plan(record, taken, report, next)) {
+        if (state.plan(record, taken, report, next)) {
+            next.attributes = attributesOf(record);
             planned.push_back(std::move(next));
         }
     }
@@ -204,19 +221,29 @@ std::size_t VectorSource::add(const RecordSet& records, LoadReport& report, bool
         }
         return 0;
     }
-    if (state_->collection != nullptr) {
-        state_->collection->suspendEvents();
+    if (state.collection != nullptr) {
+        state.collection->suspendEvents();
     }
-    state_->features.reserve(expected);
-    state_->byId.reserve(expected);
+    state.features.reserve(expected);
+    state.byId.reserve(expected);
     for (detail::PlannedFeature& next : planned) {
-        state_->build(next);
+        state.build(next);
     }
-    if (state_->collection != nullptr) {
-        state_->collection->resumeEvents();
+    if (state.collection != nullptr) {
+        state.collection->resumeEvents();
     }
     report.features += planned.size();
     return planned.size();
+}
+
+} // namespace
+
+std::size_t VectorSource::add(const RecordSet& records, LoadReport& report, bool strict) {
+    return addRecords(*state_, records, report, strict);
+}
+
+std::size_t VectorSource::add(RecordSet&& records, LoadReport& report, bool strict) {
+    return addRecords(*state_, records, report, strict);
 }
 
 namespace {
@@ -226,13 +253,13 @@ template <typename Read>
 std::unique_ptr<VectorSource> load(const LoadOptions& options, LoadReport& report, Read&& read) {
     const auto& sheet =
         options.styleSheet != nullptr ? *options.styleSheet : *StyleSheet::defaultSheet();
-    const RecordSet records = read(sheet.completeReadOptions(options.read));
+    RecordSet records = read(sheet.completeReadOptions(options.read));
     if (report.failed()) {
         return nullptr;
     }
     auto source =
         std::make_unique<VectorSource>(options.styleSheet, options.group, options.collection);
-    source->add(records, report, options.read.strict);
+    source->add(std::move(records), report, options.read.strict);
     return report.failed() ? nullptr : std::move(source);
 }
 

@@ -353,6 +353,25 @@ TEST(VectorSourceTest, FeaturesGoIntoTheGroupGiven) {
     EXPECT_EQ(group->getFeatures().size(), 2U);
 }
 
+TEST(VectorSourceTest, RecordsGivenUpHandTheirAttributesOverAndRecordsLentKeepThem) {
+    LoadReport report;
+    auto records = keo::Source::Reader::readText(CITIES, {}, report);
+    ASSERT_EQ(records.records.size(), 6U);
+    VectorSource lent(sheet());
+    lent.add(records, report);
+    EXPECT_EQ(records.records[0].attributes.size(), 3U) << "a record lent is left as it was";
+    VectorSource given(sheet());
+    given.add(std::move(records), report);
+    // The source's contract: records given up are left in place, without their attributes.
+    EXPECT_TRUE(records.records[0].attributes.empty()); // NOLINT(bugprone-use-after-move)
+    const auto lyon = given.feature(11);
+    ASSERT_NE(lyon, nullptr);
+    EXPECT_EQ(std::any_cast<std::string>(lyon->getAttributes().at("kind").value), "city");
+    EXPECT_EQ(lyon->getAttributes().size(), 3U);
+    EXPECT_EQ(lent.feature(11)->getAttributes().size(), 3U);
+    EXPECT_EQ(pointStyleOf(*lyon).getPointSymbol()->getColor(), Color::RED);
+}
+
 namespace countries {
 
 std::string fileText(const std::string& path) {
