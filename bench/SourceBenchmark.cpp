@@ -5,10 +5,12 @@
 // - ReadRecords: Reader::readText, OGR's reading plus the kit's conversion into records (the kit's
 //   share is the difference to OgrRead);
 // - ResolveStyles: the sheet resolved for every record;
-// - BuildFeatures/<kind>: the records of one kind styled and built into features in a group;
+// - BuildFeatures/<kind>: the records of one kind (point, line, polygon, or all: the whole file)
+//   styled and built into features in a group;
 // - FirstFrame/<kind>: those features' first update, which makes the entities a renderer draws;
-// - LoadStyleFirstFrame: all of it for the whole file, VectorSource::loadText and the first update
-//   of every feature, with the time of each phase as counters (read, build, frame);
+// - LoadStyleFirstFrame: all of it for the whole file as VectorSource::loadText does it (read,
+//   then hand the records over to a source) and the first update of every feature, with the time
+//   of each phase as counters (read_s, build_s, frame_s);
 // - ReevaluateAfterEdit/<kind>: one attribute changed on each feature of a kind, the values that
 //   read it evaluated again and handed to the style objects; RedrawAfterEdit/<kind> adds the
 //   feature's next update; EditThatNoValueReads: an edit of an attribute the sheet does not read,
@@ -35,6 +37,7 @@
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -45,9 +48,12 @@ using keo::Source::GeometryKind;
 
 constexpr int FEATURE_COUNT = 100000;
 constexpr const char* CATEGORIES[] = {"road", "river", "park", "city", "forest", "lake"};
-constexpr std::pair<GeometryKind, const char*> KINDS[] = {{GeometryKind::Point, "point"},
-                                                          {GeometryKind::Line, "line"},
-                                                          {GeometryKind::Polygon, "polygon"}};
+// The records of one kind, or (empty) of every kind.
+using KindFilter = std::optional<GeometryKind>;
+const std::pair<KindFilter, const char*> KINDS[] = {{GeometryKind::Point, "point"},
+                                                    {GeometryKind::Line, "line"},
+                                                    {GeometryKind::Polygon, "polygon"},
+                                                    {std::nullopt, "all"}};
 
 const char* const SHEET = R"json({"rules": [{
   "point": {"color": ["match", ["get", "category"], "city", "red", "park", "green", "road", "gray", "white"],
@@ -131,12 +137,12 @@ const keo::Source::RecordSet& mixedRecords() {
     return RECORDS;
 }
 
-// The records of one kind of the mixed file (a third of them).
-keo::Source::RecordSet recordsOf(GeometryKind kind) {
+// The records of one kind of the mixed file (a third of them), or all of them.
+keo::Source::RecordSet recordsOf(KindFilter kind) {
     keo::Source::RecordSet records;
     records.fields = mixedRecords().fields;
     for (const auto& record : mixedRecords().records) {
-        if (record.geometry.kind == kind) {
+        if (!kind || record.geometry.kind == *kind) {
             records.records.push_back(record);
         }
     }
@@ -210,7 +216,7 @@ void ResolveStyles(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(records.records.size()));
 }
 
-void BuildFeatures(benchmark::State& state, GeometryKind kind) {
+void BuildFeatures(benchmark::State& state, KindFilter kind) {
     const keo::Source::RecordSet records = recordsOf(kind);
     const auto styles = sheet();
     std::size_t built = 0;
@@ -225,7 +231,7 @@ void BuildFeatures(benchmark::State& state, GeometryKind kind) {
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(built));
 }
 
-void FirstFrame(benchmark::State& state, GeometryKind kind) {
+void FirstFrame(benchmark::State& state, KindFilter kind) {
     const keo::Source::RecordSet records = recordsOf(kind);
     const auto styles = sheet();
     std::size_t updated = 0;
@@ -262,7 +268,7 @@ void LoadStyleFirstFrame(benchmark::State& state) {
         read += secondsSince(start);
         start = std::chrono::steady_clock::now();
         auto source = std::make_unique<keo::Source::VectorSource>(options.styleSheet);
-        source->add(*records, report);
+        source->add(std::move(*records), report); // as loadText adds what it read
         build += secondsSince(start);
         start = std::chrono::steady_clock::now();
         updateAll(featuresOf(*source), true);
@@ -281,7 +287,7 @@ void LoadStyleFirstFrame(benchmark::State& state) {
 
 // The features of one kind, built and drawn once, with their ids.
 struct DrawnSource {
-    explicit DrawnSource(GeometryKind kind)
+    explicit DrawnSource(KindFilter kind)
         : source(sheet()) {
         keo::Source::LoadReport report;
         source.add(recordsOf(kind), report);
@@ -298,7 +304,7 @@ struct DrawnSource {
 
 // Edits the attribute @p name of each feature of @p kind per iteration, and with @p redraw
 // gives each its next update.
-void editEveryFeature(benchmark::State& state, GeometryKind kind, const char* name, bool redraw) {
+void editEveryFeature(benchmark::State& state, KindFilter kind, const char* name, bool redraw) {
     DrawnSource drawn(kind);
     double value = 0.0;
     for (auto _ : state) {
@@ -316,11 +322,11 @@ void editEveryFeature(benchmark::State& state, GeometryKind kind, const char* na
 
 // "value" drives the dot size, the line width, the fill, the extrusion height and the label:
 // each is evaluated again and set.
-void ReevaluateAfterEdit(benchmark::State& state, GeometryKind kind) {
+void ReevaluateAfterEdit(benchmark::State& state, KindFilter kind) {
     editEveryFeature(state, kind, "value", false);
 }
 
-void RedrawAfterEdit(benchmark::State& state, GeometryKind kind) {
+void RedrawAfterEdit(benchmark::State& state, KindFilter kind) {
     editEveryFeature(state, kind, "value", true);
 }
 
@@ -344,7 +350,7 @@ bool writeFile(const char* path, const std::string& text) {
 // The benchmarks in the order they run; those of one kind of feature once per kind.
 void registerBenchmarks() {
     using Run = void (*)(benchmark::State&);
-    using RunKind = void (*)(benchmark::State&, GeometryKind);
+    using RunKind = void (*)(benchmark::State&, KindFilter);
     const auto whole = [](const char* name, Run run, int iterations) {
         benchmark::RegisterBenchmark(name, run)
             ->Unit(benchmark::kMillisecond)
