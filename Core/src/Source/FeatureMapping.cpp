@@ -161,8 +161,9 @@ void applyMaterial(const ResolvedMaterial& resolved, Holder& holder) {
     dash.setDashLength(resolved.dashLength);
 }
 
+// The label's look (PART_LABEL) and text (PART_LABEL_TEXT); no label for a rule without one.
 void applyLabel(const std::optional<ResolvedLabel>& resolved, keo::Feature::Feature& feature,
-                keo::Feature::Style& style) {
+                keo::Feature::Style& style, StyleParts parts) {
     if (!resolved) {
         style.setLabelSymbol(nullptr);
         feature.setLabelText({});
@@ -170,16 +171,20 @@ void applyLabel(const std::optional<ResolvedLabel>& resolved, keo::Feature::Feat
     }
     LabelSymbol& label = symbolIn<LabelSymbol>(style.getLabelSymbol(),
                                                [&](auto symbol) { style.setLabelSymbol(symbol); });
-    label.setFont(resolved->font);
-    label.setSize(resolved->size);
-    label.setFillColor(resolved->color);
-    label.setOutlineColor(resolved->outlineColor);
-    label.setOutlineWidth(resolved->outlineWidth);
-    label.setPixelOffset(resolved->offset);
-    // Without a text of its own the label shows the feature's name; a text that resolves to
-    // nothing shows no label.
-    label.setEnabled(!resolved->text || !resolved->text->empty());
-    feature.setLabelText(resolved->text.value_or(std::string()));
+    if ((parts & PART_LABEL) != 0) {
+        label.setFont(resolved->font);
+        label.setSize(resolved->size);
+        label.setFillColor(resolved->color);
+        label.setOutlineColor(resolved->outlineColor);
+        label.setOutlineWidth(resolved->outlineWidth);
+        label.setPixelOffset(resolved->offset);
+    }
+    if ((parts & PART_LABEL_TEXT) != 0) {
+        // Without a text of its own the label shows the feature's name; a text that resolves to
+        // nothing shows no label.
+        label.setEnabled(!resolved->text || !resolved->text->empty());
+        feature.setLabelText(resolved->text.value_or(std::string()));
+    }
 }
 
 void applyPointStyle(const ResolvedPointStyle& resolved, PointStyle& style) {
@@ -315,8 +320,8 @@ void applyStyle(const ResolvedStyle& resolved, FeatureObjects& objects, StylePar
         feature.setDistanceDisplayCondition(resolved.distanceDisplayCondition);
         style.setHeightReference(resolved.heightReference);
     }
-    if ((parts & PART_LABEL) != 0) {
-        applyLabel(resolved.label, feature, style);
+    if ((parts & (PART_LABEL | PART_LABEL_TEXT)) != 0) {
+        applyLabel(resolved.label, feature, style, parts);
     }
     applyKindStyle(resolved, style, parts);
     if ((parts & PART_EXTRUSION) != 0) {

@@ -43,14 +43,15 @@ FeatureObjects mapRecord(const RecordGeometry& geometry);
 /**
  * @brief Gives the feature of @p objects and its style the values of the @p parts of @p resolved
  * through their setters, so that only values that differ raise events: the visibility, distance
- * display condition and height reference (PART_FEATURE); the label symbol and the label text
- * (PART_LABEL); a dot and an image for points (PART_POINT); a line of the width and material for
- * lines (PART_LINE); for polygons the surface, hidden when the rule gives only an extrusion (its
- * fill material and switch, PART_FILL, and outline, PART_OUTLINE), and the extrusion: its height
- * above the base to which the polygon rings are raised (by the difference to the base they were
- * raised by before, PART_EXTRUSION) and the material of its wall and roof
- * (PART_EXTRUSION_MATERIAL). A part left out touches none of its objects, so that a
- * re-evaluation reaches only what it evaluated; a new rule hands on every part.
+ * display condition and height reference (PART_FEATURE); the label symbol's look (PART_LABEL)
+ * and the label text, with whether the label shows (PART_LABEL_TEXT); a dot and an image for
+ * points (PART_POINT); a line of the width and material for lines (PART_LINE); for polygons the
+ * surface, hidden when the rule gives only an extrusion (its fill material and switch,
+ * PART_FILL, and outline, PART_OUTLINE), and the extrusion: its height above the base to which
+ * the polygon rings are raised (by the difference to the base they were raised by before,
+ * PART_EXTRUSION) and the material of its wall and roof (PART_EXTRUSION_MATERIAL). A part left
+ * out touches none of its objects, so that a re-evaluation reaches only what it evaluated; a new
+ * rule hands on every part.
  */
 void applyStyle(const ResolvedStyle& resolved, FeatureObjects& objects,
                 StyleParts parts = PART_ALL);

@@ -121,7 +121,7 @@ const std::vector<PropertySpec>& labelProperties() {
     static const std::vector<PropertySpec> SPECS{
         {"text", STRING, A_STRING, Value(""),
          [](ResolvedStyle& s, const Value& v) { return s.label->text = v.asString(), true; },
-         PART_LABEL},
+         PART_LABEL_TEXT},
         {"font", STRING, A_STRING, Value(""),
          [](ResolvedStyle& s, const Value& v) { return s.label->font = v.asString(), true; },
          PART_LABEL},

@@ -42,11 +42,11 @@ using keo::Source::test::text;
 const char* const PLACES = R"({"type": "FeatureCollection", "features": [
   {"type": "Feature", "id": 1,
    "properties": {"title": "Block", "tint": "red", "edge": 2, "height": 30, "base": 0,
-                  "stone": "granite", "hidden": 0, "note": "a"},
+                  "stone": "granite", "hidden": 0, "note": "a", "fontSize": 12},
    "geometry": {"type": "Polygon", "coordinates": [[[6, 46], [6.02, 46], [6.02, 46.02], [6, 46]]]}},
-  {"type": "Feature", "id": 2, "properties": {"title": "Road", "lanes": 2, "hidden": 0},
+  {"type": "Feature", "id": 2, "properties": {"title": "Road", "lanes": 2, "hidden": 0, "fontSize": 12},
    "geometry": {"type": "LineString", "coordinates": [[6.0, 45.0], [6.1, 45.1]]}},
-  {"type": "Feature", "id": 3, "properties": {"title": "Well", "pop": 5, "hidden": 0},
+  {"type": "Feature", "id": 3, "properties": {"title": "Well", "pop": 5, "hidden": 0, "fontSize": 12},
    "geometry": {"type": "Point", "coordinates": [6.0, 45.5]}}
 ]})";
 
@@ -57,12 +57,13 @@ const char* const SHEET = R"json({"rules": [{
               "outlineWidth": ["get", "edge"]},
   "extrusion": {"height": ["get", "height"], "base": ["get", "base"],
                 "material": ["match", ["get", "stone"], "granite", "#808080", "#c0c0c0"]},
-  "label": {"text": ["get", "title"]},
+  "label": {"text": ["get", "title"], "size": ["get", "fontSize"]},
   "visible": ["!=", ["get", "hidden"], 1]
 }]})json";
 
 // A value no rule of the sheet gives: a part that still holds it was not handed on again.
 constexpr float MARK = 99.0f;
+const char* const MARK_TEXT = "mark";
 const Color MARK_COLOUR(1.0f, 0.0f, 1.0f);
 
 Loaded load() {
@@ -87,6 +88,7 @@ PolygonSymbol& extrusionBodyOf(keo::Feature::PolygonStyle& style) {
 // editing the symbols behind the source's back would.
 void mark(Feature& feature) {
     feature.setShow(false);
+    feature.setLabelText(MARK_TEXT);
     Style& style = styleOf(feature);
     style.getLabelSymbol()->setSize(MARK);
     if (auto* point = style.asPointStyle(); point != nullptr) {
@@ -113,6 +115,7 @@ std::string handedOn(Feature& feature) {
     };
     note(feature.isShow(), "feature");
     note(style.getLabelSymbol()->getSize() != MARK, "label");
+    note(feature.getLabelText() != MARK_TEXT, "label-text");
     if (auto* point = style.asPointStyle(); point != nullptr) {
         note(point->getPointSymbol()->getPixelSize() != MARK, "point");
     } else if (auto* line = style.asPolylineStyle(); line != nullptr) {
@@ -172,7 +175,8 @@ TEST(VectorSourcePartsTest, AnEditOfThePolygonHandsOnOnlyThePartsThatReadTheAttr
         {1, "height", integer(40), "extrusion"},
         {1, "base", integer(5), "extrusion"},
         {1, "stone", text("brick"), "extrusion-material"},
-        {1, "title", text("Tower"), "label"},
+        {1, "title", text("Tower"), "label-text"},
+        {1, "fontSize", integer(14), "label"},
         {1, "hidden", integer(2), "feature"},
         {1, "note", text("b"), ""},
     };
@@ -183,9 +187,10 @@ TEST(VectorSourcePartsTest, AnEditOfThePolygonHandsOnOnlyThePartsThatReadTheAttr
 
 TEST(VectorSourcePartsTest, AnEditOfALineOrAPointHandsOnOnlyThePartsThatReadTheAttribute) {
     const std::vector<Edit> edits{
-        {2, "lanes", integer(4), "line"},      {2, "title", text("Lane"), "label"},
-        {2, "hidden", integer(2), "feature"},  {3, "pop", integer(9), "point"},
-        {3, "title", text("Spring"), "label"}, {3, "hidden", integer(2), "feature"},
+        {2, "lanes", integer(4), "line"},     {2, "title", text("Lane"), "label-text"},
+        {2, "hidden", integer(2), "feature"}, {2, "fontSize", integer(14), "label"},
+        {3, "pop", integer(9), "point"},      {3, "title", text("Spring"), "label-text"},
+        {3, "hidden", integer(2), "feature"},
     };
     for (const Edit& edit : edits) {
         EXPECT_EQ(partsHandedOnBy(edit), edit.parts) << edit.id << " " << edit.attribute;
