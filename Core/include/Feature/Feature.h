@@ -132,13 +132,14 @@ public:
     /** @brief The attributes. */
     const AttributeMap& getAttributes() const noexcept { return attributes_; }
     /**
-     * @brief Replaces the whole table; records AttributeChanged whatever the status (ORed in; the
-     * status becomes Modified when it was None). No lock, no event, and the feature is not marked
-     * for an update: a label or an extrusion height taken from an attribute shows the new value
-     * at the next update that rebuilds the style (after setLabelText or a style edit, say). This
-     * is intended: attributes are data of the application, edited without the renderer's lock.
+     * @brief Replaces the whole table (a table moved in is taken over without a copy); records
+     * AttributeChanged whatever the status (ORed in; the status becomes Modified when it was
+     * None). No lock, no event, and the feature is not marked for an update: a label or an
+     * extrusion height taken from an attribute shows the new value at the next update that
+     * rebuilds the style (after setLabelText or a style edit, say). This is intended: attributes
+     * are data of the application, edited without the renderer's lock.
      */
-    void setAttributes(const AttributeMap& attributes);
+    void setAttributes(AttributeMap attributes);
     /** @brief Inserts or overwrites one attribute; recorded as setAttributes records it. */
     void setAttribute(const std::string& key, const AttributeValue& value);
     /**

@@ -37,12 +37,11 @@ public:
         ReprojectionFailed,   ///< problem: a geometry that cannot be reprojected is skipped
         NoMatchingRule,       ///< problem: no rule of the sheet styles the record; no feature
         EvaluationType,       ///< problem: a style value of the wrong type; the default is used
-        KindNotYetSupported,  ///< problem: the record's kind has no feature mapping yet
         CollectionSplit,      ///< note: a mixed geometry collection became one record per kind
         IdReplaced,           ///< note: an id of 0 or a repeated id was replaced by a fresh one
     };
     /** @brief The number of issue kinds. */
-    static constexpr std::size_t ISSUE_COUNT = 18;
+    static constexpr std::size_t ISSUE_COUNT = 17;
     /** @brief How many messages are kept; counting goes on past it. */
     static constexpr std::size_t MAX_MESSAGES = 1000;
 

@@ -3,6 +3,7 @@
 #include "Feature/Feature.h"
 #include "Source/GeometryKind.h"
 #include "Source/LoadReport.h"
+#include "Source/ReadOptions.h"
 #include "Source/ResolvedStyle.h"
 #include "Source/SourceExport.h"
 
@@ -24,7 +25,10 @@ class CompiledSheet;
  * @brief A style sheet compiled from JSON: an ordered list of rules that turn a record's
  * attributes into a ResolvedStyle.
  *
- * The text is an object with a "rules" array (and an optional "version": 1). Each rule is an
+ * The text is an object with a "rules" array, an optional "version": 1 and an optional "read"
+ * object that names the fields the sheet expects the reader to give ("idField", "nameField",
+ * "areaField", as in ReadOptions: a sheet that styles by area asks for the area to be computed
+ * under the name it reads). Each rule is an
  * object with an optional "filter" (a boolean value) and at least one kind style: "point",
  * "polyline", "polygon", "extrusion". A record is styled by the first rule whose filter is true
  * (or absent) and that has a style for its kind (a polygon takes "polygon" and/or "extrusion");
@@ -73,6 +77,11 @@ public:
 
     /** @brief The number of rules. */
     std::size_t ruleCount() const noexcept;
+    /**
+     * @brief @p options with the id, name and area fields that it leaves empty taken from the
+     * sheet's "read" object (those the sheet does not name stay empty).
+     */
+    ReadOptions completeReadOptions(ReadOptions options) const;
     /** @brief The names of every attribute the sheet reads, in the order first met. */
     const std::vector<std::string>& attributeNames() const noexcept;
     /**

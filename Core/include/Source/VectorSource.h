@@ -29,11 +29,23 @@ class SourceState;
  * changed through setAttribute evaluates again the values that read it and updates the feature's
  * style objects, whose setters mark the feature for its next update.
  *
- * Each record whose kind has a mapping becomes one keo::Feature::Feature, added in record order to
- * the group (and the collection, when given): a point record a PointGeometry with a PointStyle
- * (a PointSymbol dot, a BillboardSymbol for an image, a LabelSymbol for a label). Line, polygon
- * and multi records are counted as kind-not-yet-supported until their feature classes exist; a
- * record that no rule styles gets no feature (no-matching-rule).
+ * Each record that a rule styles becomes one keo::Feature::Feature, added in record order to the
+ * group (and the collection, when given), its heights those of the record:
+ * - a point: a PointGeometry with a PointStyle (a PointSymbol dot, a BillboardSymbol for an
+ *   image);
+ * - a line: a PolylineGeometry with a PolylineStyle (a LineSymbol of the width, painted by a
+ *   ColorMaterial or a LineDashMaterial);
+ * - a polygon: a PolygonGeometry (holes, and islands in holes as holes of holes) with a
+ *   PolygonStyle: a PolygonSymbol for the surface (its fill material and switch, and an outline
+ *   LineSymbol of one colour; present but hidden when the rule gives only an extrusion) and an
+ *   ExtrusionSymbol for the extrusion (a wall and a roof, PolygonSymbols of its material). An
+ *   extrusion stands on its base: the rings are raised by the base, and the extrusion reaches
+ *   from them up by the height less the base, so that its top is the height;
+ * - a multi record: a MultiGeometry of one such geometry per part, with the style of the parts'
+ *   kind. The kit logs a style on a multi geometry as not matching it, and draws it all the same
+ *   (one log record per feature, not a problem of the load);
+ * and a LabelSymbol for a label. A record that no rule styles gets no feature (no-matching-rule),
+ * nor does a record without any part (empty-geometry; the reader never gives one).
  *
  * A feature's id is its record's id when that is above 0 and not taken already (by an earlier
  * feature of this source or a member of the collection); otherwise it gets a fresh id and an
@@ -57,15 +69,22 @@ public:
 
     /**
      * @brief Styles @p records and adds their features; returns how many it added. Records without
-     * a rule, of a kind without mapping, and values of the wrong type are counted in @p report;
+     * a rule or without parts, and values of the wrong type are counted in @p report;
      * with @p strict, the first such problem fails the report and nothing is added. The report's
      * feature count grows by the number added.
      */
     std::size_t add(const RecordSet& records, LoadReport& report, bool strict = false);
+    /**
+     * @brief As add above, taking the attributes of @p records over instead of copying them: the
+     * records are left without attributes.
+     */
+    std::size_t add(RecordSet&& records, LoadReport& report, bool strict = false);
 
     /**
-     * @brief Reads the file at @p path (see Reader::readFile), then styles and adds its records to
-     * a new source. Null when reading or the sheet failed (see @p report).
+     * @brief Reads the file at @p path (see Reader::readFile) with the read options, whose empty
+     * id, name and area fields are taken from the style sheet (StyleSheet::completeReadOptions),
+     * then styles and adds its records to a new source. Null when reading or the sheet failed
+     * (see @p report).
      */
     static std::unique_ptr<VectorSource> loadFile(const std::string& path,
                                                   const LoadOptions& options, LoadReport& report);

@@ -253,8 +253,8 @@ void Feature::markAttributeChanged() noexcept {
     markChangedAlways(AttributeChanged);
 }
 
-void Feature::setAttributes(const AttributeMap& attributes) {
-    attributes_ = attributes;
+void Feature::setAttributes(AttributeMap attributes) {
+    attributes_ = std::move(attributes);
     markAttributeChanged();
 }
 

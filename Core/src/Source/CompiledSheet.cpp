@@ -129,14 +129,14 @@ ResolvedStyle CompiledSheet::resolve(std::size_t rule, GeometryKind kind, const 
     return style;
 }
 
-std::size_t CompiledSheet::refresh(std::size_t rule, GeometryKind kind, const AttributeRow& row,
-                                   std::optional<std::uint64_t> featureId, std::uint32_t slot,
-                                   ResolvedStyle& style, LoadReport& report) const {
-    std::size_t evaluated = 0;
+StyleParts CompiledSheet::refresh(std::size_t rule, GeometryKind kind, const AttributeRow& row,
+                                  std::optional<std::uint64_t> featureId, std::uint32_t slot,
+                                  ResolvedStyle& style, LoadReport& report) const {
+    StyleParts evaluated = 0;
     forEachProperty(rules[rule], kind, [&](const CompiledProperty& property) {
         if (property.slots.contains(slot)) {
             evaluateProperty(property, row, featureId, style, report);
-            ++evaluated;
+            evaluated |= property.part;
         }
     });
     return evaluated;

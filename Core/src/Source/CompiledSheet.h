@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace keo::Source::detail {
@@ -25,6 +26,12 @@ public:
     FieldTable fields;
     /** @brief The rules in order. */
     std::vector<CompiledRule> rules;
+    /** @brief The id field the sheet asks the reader for; empty: none. */
+    std::string idField;
+    /** @brief The name field the sheet asks the reader for; empty: none. */
+    std::string nameField;
+    /** @brief The computed area field the sheet asks the reader for; empty: none. */
+    std::string areaField;
 
     /**
      * @brief The index of the first rule that styles @p kind and whose filter is true for @p row;
@@ -39,11 +46,11 @@ public:
                           std::optional<std::uint64_t> featureId, LoadReport& report) const;
     /**
      * @brief Evaluates again, into @p style, the values of rule @p rule for @p kind that read
-     * @p slot; returns how many it evaluated.
+     * @p slot; returns the parts of the style it evaluated values of (0: none).
      */
-    std::size_t refresh(std::size_t rule, GeometryKind kind, const AttributeRow& row,
-                        std::optional<std::uint64_t> featureId, std::uint32_t slot,
-                        ResolvedStyle& style, LoadReport& report) const;
+    StyleParts refresh(std::size_t rule, GeometryKind kind, const AttributeRow& row,
+                       std::optional<std::uint64_t> featureId, std::uint32_t slot,
+                       ResolvedStyle& style, LoadReport& report) const;
     /**
      * @brief Whether a change of @p slot can change which rule a record gets, given that it now
      * gets @p rule (empty: none): true when a filter of that rule or of one before it reads the

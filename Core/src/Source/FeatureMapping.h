@@ -1,5 +1,7 @@
 #pragma once
 
+#include "StyleRule.h"
+
 #include "Source/RecordGeometry.h"
 #include "Source/ResolvedStyle.h"
 
@@ -12,50 +14,46 @@
 namespace keo::Source::detail {
 
 /**
- * @brief The keoFeature objects that draw a record: its geometry and its style. Both null when
- * the record's kind has no feature classes to map to yet.
+ * @brief The keoFeature objects that draw a record: the feature (null until it is built), its
+ * geometry and its style, and the height its polygon rings are raised by.
  */
-struct MappedFeature {
-    /** @brief The geometry, or null. */
+struct FeatureObjects {
+    /** @brief The feature, or null before it is built. */
+    std::shared_ptr<keo::Feature::Feature> feature;
+    /** @brief The geometry; null for a record without any part. */
     std::shared_ptr<keo::Feature::Geometry> geometry;
-    /** @brief The style, or null. */
+    /** @brief The style of the geometry's kind (of its components' kind for a multi geometry). */
     std::shared_ptr<keo::Feature::Style> style;
+    /**
+     * @brief The extrusion base, metres, last added to the heights of every polygon ring (0 for
+     * other kinds and for polygons without extrusion).
+     */
+    double raisedBy = 0.0;
 };
 
 /**
- * @brief The objects for @p geometry: mapPoint for a single point, mapPolyline for a single line,
- * mapPolygon for a single polygon, mapMulti for any multi record.
+ * @brief The geometry and style for @p geometry: for a single part a PointGeometry with a
+ * PointStyle, a PolylineGeometry with a PolylineStyle or a PolygonGeometry (outer ring, holes,
+ * islands in holes as holes of holes) with a PolygonStyle; for a multi record a MultiGeometry
+ * holding one such geometry per part, in order, with the style of the parts' kind. Heights are
+ * the record's. Both null when the record has no part of its kind.
  */
-MappedFeature mapRecord(const RecordGeometry& geometry);
-
-/** @brief A PointGeometry at the point and an empty PointStyle. */
-MappedFeature mapPoint(const RecordGeometry& geometry);
-
-/**
- * @brief Where a line record becomes a PolylineGeometry (its positions) with a PolylineStyle,
- * once keoFeature has them; until then nothing (the record is reported as not yet supported).
- */
-MappedFeature mapPolyline(const RecordGeometry& geometry);
+FeatureObjects mapRecord(const RecordGeometry& geometry);
 
 /**
- * @brief Where a polygon record becomes a PolygonGeometry (outer ring, holes, islands in holes)
- * with a PolygonStyle, once keoFeature has them; until then nothing.
+ * @brief Gives the feature of @p objects and its style the values of the @p parts of @p resolved
+ * through their setters, so that only values that differ raise events: the visibility, distance
+ * display condition and height reference (PART_FEATURE); the label symbol's look (PART_LABEL)
+ * and the label text, with whether the label shows (PART_LABEL_TEXT); a dot and an image for
+ * points (PART_POINT); a line of the width and material for lines (PART_LINE); for polygons the
+ * surface, hidden when the rule gives only an extrusion (its fill material and switch,
+ * PART_FILL, and outline, PART_OUTLINE), and the extrusion: its height above the base to which
+ * the polygon rings are raised (by the difference to the base they were raised by before,
+ * PART_EXTRUSION) and the material of its wall and roof (PART_EXTRUSION_MATERIAL). A part left
+ * out touches none of its objects, so that a re-evaluation reaches only what it evaluated; a new
+ * rule hands on every part.
  */
-MappedFeature mapPolygon(const RecordGeometry& geometry);
-
-/**
- * @brief Where a multi record becomes a MultiGeometry holding one geometry per part (mapPoint,
- * mapPolyline, mapPolygon of each part), once keoFeature has it; until then nothing.
- */
-MappedFeature mapMulti(const RecordGeometry& geometry);
-
-/**
- * @brief Gives @p feature and its @p style the values of @p resolved through their setters: the
- * visibility, distance display condition and label text on the feature; the height reference and
- * the label symbol on the style; then the kind's own symbols (applyPointStyle for a point style;
- * the line and polygon styles get theirs in applyKindStyle when they exist).
- */
-void applyStyle(const ResolvedStyle& resolved, keo::Feature::Feature& feature,
-                keo::Feature::Style& style);
+void applyStyle(const ResolvedStyle& resolved, FeatureObjects& objects,
+                StyleParts parts = PART_ALL);
 
 } // namespace keo::Source::detail

@@ -7,12 +7,23 @@ namespace keo::Source {
 namespace {
 
 constexpr std::array<const char*, LoadReport::ISSUE_COUNT> ISSUE_NAMES{
-    "file-unreadable",        "layer-missing",           "field-missing",
-    "style-syntax",           "style-invalid",           "null-geometry",
-    "empty-geometry",         "ring-too-short",          "line-too-short",
-    "non-finite-coordinate",  "coordinate-out-of-range", "unsupported-geometry",
-    "reprojection-failed",    "no-matching-rule",        "evaluation-type",
-    "kind-not-yet-supported", "collection-split",        "id-replaced",
+    "file-unreadable",
+    "layer-missing",
+    "field-missing",
+    "style-syntax",
+    "style-invalid",
+    "null-geometry",
+    "empty-geometry",
+    "ring-too-short",
+    "line-too-short",
+    "non-finite-coordinate",
+    "coordinate-out-of-range",
+    "unsupported-geometry",
+    "reprojection-failed",
+    "no-matching-rule",
+    "evaluation-type",
+    "collection-split",
+    "id-replaced",
 };
 
 static_assert(static_cast<std::size_t>(LoadReport::Issue::IdReplaced) + 1 ==

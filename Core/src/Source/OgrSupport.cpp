@@ -36,11 +36,16 @@ std::string QuietErrors::lastMessage() {
 
 MemoryFile::MemoryFile(std::string_view text, const std::string& extension)
     : path_("/vsimem/keo-source-" + std::to_string(++memoryFileCounter) + extension) {
-    // VSIFileFromMemBuffer would take the buffer over without copying: a copy keeps the caller's
-    // text untouched and the file's lifetime independent of it.
-    VSILFILE* file = VSIFOpenL(path_.c_str(), "wb");
+    // Copying a text of tens of megabytes would cost as much as a good part of reading it. GDAL
+    // neither frees nor, opening read-only, writes a buffer it does not own; an empty text has no
+    // buffer to lend, and makes an empty file.
+    VSILFILE* file =
+        text.empty()
+            ? VSIFOpenL(path_.c_str(), "wb")
+            : VSIFileFromMemBuffer(path_.c_str(),
+                                   reinterpret_cast<GByte*>(const_cast<char*>(text.data())),
+                                   static_cast<vsi_l_offset>(text.size()), FALSE);
     if (file != nullptr) {
-        VSIFWriteL(text.data(), 1, text.size(), file);
         VSIFCloseL(file);
     }
 }

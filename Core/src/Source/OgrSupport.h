@@ -28,12 +28,16 @@ public:
 };
 
 /**
- * @brief A file in GDAL's memory file system holding a copy of a text, removed with the object;
- * its path can be opened as any file.
+ * @brief A file in GDAL's memory file system whose content is a text, removed with the object;
+ * its path can be opened (read-only) as any file.
  */
 class MemoryFile final {
 public:
-    /** @brief A memory file with a copy of @p text under a fresh path ending in @p extension. */
+    /**
+     * @brief A memory file under a fresh path ending in @p extension that reads @p text in place,
+     * without a copy: the text must stay unchanged while the object lives, and the file must only
+     * be opened read-only.
+     */
     MemoryFile(std::string_view text, const std::string& extension);
     ~MemoryFile();
     MemoryFile(const MemoryFile&) = delete;

@@ -139,6 +139,11 @@ void readLayer(const LayerPlan& plan, const ReadOptions& options, LoadReport& re
                RecordSet& set) {
     detail::ProblemSink sink(report, options.strict);
     plan.layer->ResetReading();
+    // A count the driver knows without a pass of its own (-1 otherwise) sizes the records once.
+    const GIntBig count = plan.layer->GetFeatureCount(FALSE);
+    if (count > 0) {
+        set.records.reserve(set.records.size() + static_cast<std::size_t>(count));
+    }
     std::size_t index = 0;
     for (auto& feature : *plan.layer) {
         const std::size_t before = set.records.size();

@@ -7,7 +7,9 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <iterator>
 #include <string>
+#include <utility>
 
 namespace keo::Source::detail {
 
@@ -59,6 +61,7 @@ CompiledProperty compileProperty(Compiler& compiler, const json& value, const st
     property.expectation = spec.expectation;
     property.fallback = spec.fallback;
     property.store = spec.store;
+    property.part = spec.part;
     Compiler::collectSlots(property.node, property.slots);
     const Value& constant = property.node.constant;
     if (property.node.evaluate == evaluateConstant && !constant.isNull()) {
@@ -195,6 +198,28 @@ CompiledRule compileRule(Compiler& compiler, const json& rule, const std::string
     return compiled;
 }
 
+// The fields the sheet asks the reader for: {"idField", "nameField", "areaField"}, each a name.
+void parseReadFields(const json& read, CompiledSheet& sheet) {
+    const std::string path = "read";
+    requireObject(read, path);
+    const std::pair<const char*, std::string*> fields[] = {
+        {"idField", &sheet.idField},
+        {"nameField", &sheet.nameField},
+        {"areaField", &sheet.areaField},
+    };
+    for (const auto& item : read.items()) {
+        const auto field = std::find_if(std::begin(fields), std::end(fields),
+                                        [&](const auto& f) { return item.key() == f.first; });
+        if (field == std::end(fields)) {
+            throw CompileError{path + "." + item.key(), "unknown property"};
+        }
+        if (!item.value().is_string() || item.value().get_ref<const std::string&>().empty()) {
+            throw CompileError{path + "." + item.key(), "expected the name of a field"};
+        }
+        *field->second = item.value().get<std::string>();
+    }
+}
+
 } // namespace
 
 void parseSheet(const json& document, CompiledSheet& sheet) {
@@ -202,13 +227,17 @@ void parseSheet(const json& document, CompiledSheet& sheet) {
         throw CompileError{SHEET_PATH, "expected an object with a \"rules\" array"};
     }
     for (const auto& item : document.items()) {
-        if (item.key() != "rules" && item.key() != "version") {
+        if (item.key() != "rules" && item.key() != "version" && item.key() != "read") {
             throw CompileError{item.key(), "unknown property"};
         }
     }
     const auto version = document.find("version");
     if (version != document.end() && *version != SHEET_VERSION) {
         throw CompileError{"version", "expected 1"};
+    }
+    const auto read = document.find("read");
+    if (read != document.end()) {
+        parseReadFields(*read, sheet);
     }
     const auto rules = document.find("rules");
     if (rules == document.end() || !rules->is_array()) {

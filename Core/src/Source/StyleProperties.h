@@ -21,6 +21,8 @@ struct PropertySpec {
     Value fallback;
     /** @brief Where it goes. */
     Store store;
+    /** @brief The part of the style it belongs to. */
+    StyleParts part;
 };
 
 /** @brief The values of a rule that every kind takes (except the label's and the distance's). */

@@ -7,6 +7,7 @@
 #include "Source/ResolvedStyle.h"
 #include "Source/Value.h"
 
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -18,6 +19,32 @@ namespace keo::Source::detail {
  * outside 16 bits), which the caller treats as a value of the wrong type.
  */
 using Store = bool (*)(ResolvedStyle& style, const Value& value);
+
+/**
+ * @brief The parts of a resolved style that go to separate objects of a feature, as bits: a
+ * re-evaluation hands on only the parts whose values it evaluated again.
+ */
+using StyleParts = std::uint16_t;
+/** @brief The visibility, distance display condition and height reference. */
+constexpr StyleParts PART_FEATURE = 1U << 0U;
+/** @brief The label's look: font, size, colours, outline and offset. */
+constexpr StyleParts PART_LABEL = 1U << 1U;
+/** @brief The label's text (and whether the label shows, which an empty text turns off). */
+constexpr StyleParts PART_LABEL_TEXT = 1U << 2U;
+/** @brief The point's dot and image. */
+constexpr StyleParts PART_POINT = 1U << 3U;
+/** @brief The line's width and material. */
+constexpr StyleParts PART_LINE = 1U << 4U;
+/** @brief The polygon's fill switch and material. */
+constexpr StyleParts PART_FILL = 1U << 5U;
+/** @brief The polygon's outline. */
+constexpr StyleParts PART_OUTLINE = 1U << 6U;
+/** @brief The extrusion's height and base (the base the polygon rings stand on). */
+constexpr StyleParts PART_EXTRUSION = 1U << 7U;
+/** @brief The extrusion's material. */
+constexpr StyleParts PART_EXTRUSION_MATERIAL = 1U << 8U;
+/** @brief Every part. */
+constexpr StyleParts PART_ALL = (1U << 9U) - 1U;
 
 /** @brief One value of a rule compiled: its expression, type, default, the slots it reads. */
 struct CompiledProperty {
@@ -33,6 +60,8 @@ struct CompiledProperty {
     Store store = nullptr;
     /** @brief The attribute slots the expression reads. */
     SlotSet slots;
+    /** @brief The part of the style the value belongs to. */
+    StyleParts part = PART_FEATURE;
 };
 
 /** @brief The style a rule gives one kind: present or not, its values, its material kind. */

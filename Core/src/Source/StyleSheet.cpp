@@ -47,6 +47,20 @@ std::size_t StyleSheet::ruleCount() const noexcept {
     return compiled_->rules.size();
 }
 
+ReadOptions StyleSheet::completeReadOptions(ReadOptions options) const {
+    const std::pair<std::string*, const std::string*> fields[] = {
+        {&options.idField, &compiled_->idField},
+        {&options.nameField, &compiled_->nameField},
+        {&options.areaField, &compiled_->areaField},
+    };
+    for (const auto& [given, asked] : fields) {
+        if (given->empty()) {
+            *given = *asked;
+        }
+    }
+    return options;
+}
+
 const std::vector<std::string>& StyleSheet::attributeNames() const noexcept {
     return compiled_->fields.names();
 }

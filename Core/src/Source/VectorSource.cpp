@@ -19,8 +19,7 @@ namespace detail {
 
 /** @brief What the source keeps of a feature to restyle it: objects, attributes, rule, style. */
 struct LiveFeature {
-    std::shared_ptr<keo::Feature::Feature> feature;
-    std::shared_ptr<keo::Feature::Style> style;
+    FeatureObjects objects;
     GeometryKind kind = GeometryKind::Point;
     AttributeRow row;
     std::optional<std::size_t> rule;
@@ -31,10 +30,12 @@ struct LiveFeature {
 struct PlannedFeature {
     const Record* record = nullptr;
     std::optional<std::uint64_t> id;
-    MappedFeature mapped;
+    FeatureObjects objects;
     AttributeRow row;
     std::size_t rule = 0;
     ResolvedStyle resolved;
+    /** @brief The attributes the feature gets (the record's, copied or taken over). */
+    keo::Feature::Feature::AttributeMap attributes;
 };
 
 /** @brief The state of a VectorSource. */
@@ -88,12 +89,11 @@ std::optional<std::uint64_t> chooseId(const Record& record,
 bool SourceState::plan(const Record& record, std::unordered_set<std::uint64_t>& taken,
                        LoadReport& report, PlannedFeature& planned) const {
     planned.record = &record;
-    planned.mapped = mapRecord(record.geometry);
+    planned.objects = mapRecord(record.geometry);
     const char* kind = KIND_NAMES[static_cast<int>(record.geometry.kind)];
-    if (planned.mapped.geometry == nullptr) {
-        report.add(Issue::KindNotYetSupported,
-                   recordName(record) + ": a " + (record.geometry.multi ? "multi " : "") + kind +
-                       " record has no feature classes to map to yet; no feature");
+    if (planned.objects.geometry == nullptr) {
+        report.add(Issue::EmptyGeometry, recordName(record) + ": a " + kind +
+                                             " record without any " + kind + "; no feature");
         return false;
     }
     fillRow(compiled().fields, record.attributes, planned.row);
@@ -118,42 +118,49 @@ bool SourceState::plan(const Record& record, std::unordered_set<std::uint64_t>& 
 
 void SourceState::build(PlannedFeature& planned) {
     const Record& record = *planned.record;
-    auto feature = std::make_shared<keo::Feature::Feature>(planned.id);
-    feature->setName(record.name);
-    feature->setAttributes(record.attributes);
-    feature->setGeometry(planned.mapped.geometry);
-    feature->setStyle(planned.mapped.style);
-    applyStyle(planned.resolved, *feature, *planned.mapped.style);
-    group->add(feature);
+    FeatureObjects& objects = planned.objects;
+    objects.feature = std::make_shared<keo::Feature::Feature>(planned.id);
+    keo::Feature::Feature& feature = *objects.feature;
+    feature.setName(record.name);
+    feature.setAttributes(std::move(planned.attributes));
+    feature.setGeometry(objects.geometry);
+    // A multi geometry logs the style as not matching it, and draws it all the same.
+    feature.setStyle(objects.style);
+    applyStyle(planned.resolved, objects);
+    group->add(objects.feature);
     if (collection != nullptr) {
-        collection->add(feature);
+        collection->add(objects.feature);
     }
-    byId.emplace(feature->getId(), features.size());
-    features.push_back({feature, planned.mapped.style, record.geometry.kind, std::move(planned.row),
+    byId.emplace(feature.getId(), features.size());
+    features.push_back({std::move(objects), record.geometry.kind, std::move(planned.row),
                         planned.rule, std::move(planned.resolved)});
 }
 
 void SourceState::restyle(LiveFeature& live, std::uint32_t slot, LoadReport& report) const {
-    const std::uint64_t id = live.feature->getId();
+    const std::uint64_t id = live.objects.feature->getId();
     if (compiled().choiceReads(live.rule, slot)) {
         const auto rule = compiled().match(live.kind, live.row, id, report);
         if (!rule) {
             report.add(Issue::NoMatchingRule,
                        "feature " + std::to_string(id) + ": no rule styles it any more; hidden");
             live.rule.reset();
-            live.feature->setShow(false);
+            live.objects.feature->setShow(false);
             return;
         }
         if (rule != live.rule) {
             live.rule = rule;
             live.resolved = compiled().resolve(*rule, live.kind, live.row, id, report);
-            applyStyle(live.resolved, *live.feature, *live.style);
+            applyStyle(live.resolved, live.objects);
             return;
         }
     }
-    if (live.rule &&
-        compiled().refresh(*live.rule, live.kind, live.row, id, slot, live.resolved, report) > 0) {
-        applyStyle(live.resolved, *live.feature, *live.style);
+    if (!live.rule) {
+        return;
+    }
+    const StyleParts parts =
+        compiled().refresh(*live.rule, live.kind, live.row, id, slot, live.resolved, report);
+    if (parts != 0) {
+        applyStyle(live.resolved, live.objects, parts);
     }
 }
 
@@ -171,18 +178,35 @@ VectorSource::VectorSource(std::shared_ptr<const StyleSheet> sheet,
 
 VectorSource::~VectorSource() = default;
 
-std::size_t VectorSource::add(const RecordSet& records, LoadReport& report, bool strict) {
+namespace {
+
+// A record the source may consume gives its attributes up; one it may only read lends a copy.
+keo::Feature::Feature::AttributeMap attributesOf(const Record& record) {
+    return record.attributes;
+}
+
+keo::Feature::Feature::AttributeMap attributesOf(Record& record) {
+    return std::move(record.attributes);
+}
+
+// VectorSource::add, for records it may only read (const) or may consume.
+template <typename Records>
+std::size_t addRecords(detail::SourceState& state, Records& records, LoadReport& report,
+                       bool strict) {
     const std::size_t problemsBefore = report.problemCount();
     const std::size_t entriesBefore = report.entries().size();
+    const std::size_t expected = state.features.size() + records.records.size();
     std::unordered_set<std::uint64_t> taken;
-    for (const auto& [id, index] : state_->byId) {
+    taken.reserve(expected);
+    for (const auto& [id, index] : state.byId) {
         taken.insert(id);
     }
     std::vector<detail::PlannedFeature> planned;
     planned.reserve(records.records.size());
-    for (const Record& record : records.records) {
+    for (auto& record : records.records) {
         detail::PlannedFeature next;
-        if (state_->plan(record, taken, report, next)) {
+        if (state.plan(record, taken, report, next)) {
+            next.attributes = attributesOf(record);
             planned.push_back(std::move(next));
         }
     }
@@ -197,30 +221,45 @@ std::size_t VectorSource::add(const RecordSet& records, LoadReport& report, bool
         }
         return 0;
     }
-    if (state_->collection != nullptr) {
-        state_->collection->suspendEvents();
+    if (state.collection != nullptr) {
+        state.collection->suspendEvents();
     }
+    state.features.reserve(expected);
+    state.byId.reserve(expected);
     for (detail::PlannedFeature& next : planned) {
-        state_->build(next);
+        state.build(next);
     }
-    if (state_->collection != nullptr) {
-        state_->collection->resumeEvents();
+    if (state.collection != nullptr) {
+        state.collection->resumeEvents();
     }
     report.features += planned.size();
     return planned.size();
 }
 
+} // namespace
+
+std::size_t VectorSource::add(const RecordSet& records, LoadReport& report, bool strict) {
+    return addRecords(*state_, records, report, strict);
+}
+
+std::size_t VectorSource::add(RecordSet&& records, LoadReport& report, bool strict) {
+    return addRecords(*state_, records, report, strict);
+}
+
 namespace {
 
+// Reads with the fields the sheet asks for where the options name none, then styles and adds.
 template <typename Read>
 std::unique_ptr<VectorSource> load(const LoadOptions& options, LoadReport& report, Read&& read) {
-    const RecordSet records = read();
+    const auto& sheet =
+        options.styleSheet != nullptr ? *options.styleSheet : *StyleSheet::defaultSheet();
+    RecordSet records = read(sheet.completeReadOptions(options.read));
     if (report.failed()) {
         return nullptr;
     }
     auto source =
         std::make_unique<VectorSource>(options.styleSheet, options.group, options.collection);
-    source->add(records, report, options.read.strict);
+    source->add(std::move(records), report, options.read.strict);
     return report.failed() ? nullptr : std::move(source);
 }
 
@@ -228,14 +267,16 @@ std::unique_ptr<VectorSource> load(const LoadOptions& options, LoadReport& repor
 
 std::unique_ptr<VectorSource>
 VectorSource::loadFile(const std::string& path, const LoadOptions& options, LoadReport& report) {
-    return load(options, report, [&] { return Reader::readFile(path, options.read, report); });
+    return load(options, report,
+                [&](const ReadOptions& read) { return Reader::readFile(path, read, report); });
 }
 
 std::unique_ptr<VectorSource> VectorSource::loadText(std::string_view text,
                                                      const LoadOptions& options, LoadReport& report,
                                                      const std::string& extension) {
-    return load(options, report,
-                [&] { return Reader::readText(text, options.read, report, extension); });
+    return load(options, report, [&](const ReadOptions& read) {
+        return Reader::readText(text, read, report, extension);
+    });
 }
 
 const std::shared_ptr<keo::Feature::FeatureGroup>& VectorSource::group() const noexcept {
@@ -256,7 +297,7 @@ std::size_t VectorSource::size() const noexcept {
 
 std::shared_ptr<keo::Feature::Feature> VectorSource::feature(std::uint64_t id) const {
     const auto found = state_->byId.find(id);
-    return found == state_->byId.end() ? nullptr : state_->features[found->second].feature;
+    return found == state_->byId.end() ? nullptr : state_->features[found->second].objects.feature;
 }
 
 const ResolvedStyle* VectorSource::resolvedStyle(std::uint64_t id) const {
@@ -271,7 +312,7 @@ bool VectorSource::setAttribute(std::uint64_t id, const std::string& name,
         return false;
     }
     detail::LiveFeature& live = state_->features[found->second];
-    live.feature->setAttribute(name, value);
+    live.objects.feature->setAttribute(name, value);
     const auto slot = state_->compiled().fields.find(name);
     if (!slot) {
         return true;

@@ -282,6 +282,15 @@ TEST(StyleSheetTest, ErrorsNameTheirPathInTheSheet) {
         {R"({})", "style sheet: rules: expected an array of rules"},
         {R"({"rules": [], "version": 2})", "style sheet: version: expected 1"},
         {R"([1])", "style sheet: sheet: expected an object with a \"rules\" array"},
+        {R"({"rules": [], "read": ["A3"]})", "style sheet: read: expected an object"},
+        {R"({"rules": [], "read": {"labelField": "A3"}})",
+         "style sheet: read.labelField: unknown property"},
+        {R"({"rules": [], "read": {"nameField": ""}})",
+         "style sheet: read.nameField: expected the name of a field"},
+        {R"({"rules": [], "read": {"areaField": 3}})",
+         "style sheet: read.areaField: expected the name of a field"},
+        {R"({"rules": [{"polygon": {}, "extrusion": {"height": "tall"}}]})",
+         "style sheet: rules[0].extrusion.height: expected a number, got a string"},
     };
     for (const auto& [json, message] : table) {
         EXPECT_EQ(parseError(json), message) << json;
@@ -304,6 +313,23 @@ TEST(StyleSheetTest, AttributeNamesListWhatTheSheetReads) {
     ASSERT_NE(sheet, nullptr);
     EXPECT_EQ(sheet->attributeNames(),
               (std::vector<std::string>{"area", "A3", "kind", "population"}));
+}
+
+TEST(StyleSheetTest, TheFieldsTheSheetAsksForFillOnlyTheReadOptionsLeftEmpty) {
+    const auto sheet = parse(R"({"read": {"nameField": "A3", "areaField": "area_km2"},
+                                 "rules": [{"polygon": {}}]})");
+    ASSERT_NE(sheet, nullptr);
+    keo::Source::ReadOptions given;
+    given.layer = "countries";
+    given.nameField = "NAME";
+    given.strict = true;
+    const keo::Source::ReadOptions complete = sheet->completeReadOptions(given);
+    EXPECT_EQ(complete.nameField, "NAME") << "the caller's own field wins";
+    EXPECT_EQ(complete.areaField, "area_km2");
+    EXPECT_EQ(complete.idField, "");
+    EXPECT_EQ(complete.layer, "countries");
+    EXPECT_TRUE(complete.strict);
+    EXPECT_EQ(StyleSheet::defaultSheet()->completeReadOptions({}).areaField, "");
 }
 
 TEST(StyleSheetTest, TheDefaultSheetStylesEveryKind) {

@@ -15,6 +15,7 @@
 #include "Feature/PointGeometry.h"
 #include "Feature/PointStyle.h"
 #include "Feature/PointSymbol.h"
+#include "Feature/PolygonStyle.h"
 
 #include <gtest/gtest.h>
 
@@ -39,8 +40,11 @@ using keo::Source::LoadOptions;
 using keo::Source::LoadReport;
 using keo::Source::StyleSheet;
 using keo::Source::VectorSource;
+using keo::Source::test::CapturedLog;
 using keo::Source::test::integer;
+using keo::Source::test::Loaded;
 using keo::Source::test::real;
+using keo::Source::test::STYLE_MISMATCH;
 using keo::Source::test::text;
 using Issue = LoadReport::Issue;
 
@@ -79,21 +83,13 @@ std::shared_ptr<const StyleSheet> sheet(const char* json = SHEET) {
     return parsed;
 }
 
-struct Loaded {
-    std::unique_ptr<VectorSource> source;
-    LoadReport report;
-};
-
 Loaded load(const char* data = CITIES, const char* json = SHEET, bool strict = false,
             std::shared_ptr<FeatureCollection> collection = nullptr) {
-    Loaded loaded;
     LoadOptions options;
-    options.styleSheet = sheet(json);
     options.read.nameField = "name";
     options.read.strict = strict;
     options.collection = std::move(collection);
-    loaded.source = VectorSource::loadText(data, options, loaded.report);
-    return loaded;
+    return keo::Source::test::loadText(data, json, options);
 }
 
 const PointStyle& pointStyleOf(const Feature& feature) {
@@ -118,53 +114,53 @@ Drawn drawn(Feature& feature) {
             text != nullptr ? text->getText() : std::string("<no label>")};
 }
 
-TEST(VectorSourceTest, PointRecordsBecomeFeaturesInSourceOrder) {
+TEST(VectorSourceTest, RecordsOfEveryKindBecomeFeaturesInSourceOrder) {
     auto collection = std::make_shared<FeatureCollection>();
     Loaded loaded = load(CITIES, SHEET, false, collection);
     ASSERT_NE(loaded.source, nullptr) << loaded.report.toText();
-    EXPECT_EQ(loaded.source->size(), 2U);
+    EXPECT_EQ(loaded.source->size(), 5U);
     std::vector<std::uint64_t> ids;
     for (const auto& node : loaded.source->group()->getFeatures()) {
         ids.push_back(node->getId());
     }
-    EXPECT_EQ(ids, (std::vector<std::uint64_t>{11, 12}));
-    EXPECT_EQ(collection->getValues().size(), 2U);
+    EXPECT_EQ(ids, (std::vector<std::uint64_t>{11, 12, 13, 14, 15}));
+    EXPECT_EQ(collection->getValues().size(), 5U);
     EXPECT_EQ(loaded.source->collection(), collection);
     const auto lyon = loaded.source->feature(11);
     ASSERT_NE(lyon, nullptr);
     EXPECT_EQ(lyon->getName(), "Lyon");
     EXPECT_EQ(std::any_cast<std::int64_t>(lyon->getAttributes().at("pop").value), 522000);
-    EXPECT_NE(dynamic_cast<const keo::Feature::PointGeometry*>(lyon->getGeometry().get()), nullptr);
-    EXPECT_EQ(loaded.report.features, 2U);
+    using Type = keo::Feature::Geometry::Type;
+    const std::vector<Type> types{Type::Point, Type::Point, Type::Polyline, Type::Polygon,
+                                  Type::Multi};
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+        EXPECT_EQ(loaded.source->feature(ids[i])->getGeometry()->getType(), types[i]) << ids[i];
+    }
+    EXPECT_EQ(loaded.report.features, 5U);
 }
 
-TEST(VectorSourceTest, KindsWithoutFeatureClassesAndRecordsWithoutRuleAreCounted) {
+TEST(VectorSourceTest, OnlyRecordsWithoutRuleAreCountedAndTheMultiGeometryOnlyLogs) {
     Loaded loaded = load();
     ASSERT_NE(loaded.source, nullptr);
-    EXPECT_EQ(loaded.report.count(Issue::KindNotYetSupported), 3U);
     EXPECT_EQ(loaded.report.count(Issue::NoMatchingRule), 1U);
+    EXPECT_EQ(loaded.report.problemCount(), 1U);
     EXPECT_EQ(loaded.report.records, 6U);
-    EXPECT_EQ(loaded.report.features, 2U);
+    EXPECT_EQ(loaded.report.features, 5U);
     std::vector<std::string> messages;
     for (const auto& entry : loaded.report.entries()) {
         messages.push_back(entry.message);
     }
     EXPECT_EQ(messages, (std::vector<std::string>{
-                            "feature 2 (id 13): a line record has no feature classes to map to "
-                            "yet; no feature",
-                            "feature 3 (id 14): a polygon record has no feature classes to map "
-                            "to yet; no feature",
-                            "feature 4 (id 15): a multi point record has no feature classes to "
-                            "map to yet; no feature",
                             "feature 5 (id 16): no rule styles this point; no feature"}));
+    // The kit logs the point style of the peaks' multi geometry as not matching it, and draws it.
+    EXPECT_EQ(loaded.mismatches, 1U);
 }
 
 TEST(VectorSourceTest, TheStrictOptionStopsAtTheFirstProblemAndAddsNothing) {
     Loaded loaded = load(CITIES, SHEET, true);
     EXPECT_EQ(loaded.source, nullptr);
     EXPECT_TRUE(loaded.report.failed());
-    EXPECT_EQ(loaded.report.error(),
-              "feature 2 (id 13): a line record has no feature classes to map to yet; no feature");
+    EXPECT_EQ(loaded.report.error(), "feature 5 (id 16): no rule styles this point; no feature");
 }
 
 TEST(VectorSourceTest, TheResolvedStyleReachesThePointStyleAndTheFeature) {
@@ -357,6 +353,25 @@ TEST(VectorSourceTest, FeaturesGoIntoTheGroupGiven) {
     EXPECT_EQ(group->getFeatures().size(), 2U);
 }
 
+TEST(VectorSourceTest, RecordsGivenUpHandTheirAttributesOverAndRecordsLentKeepThem) {
+    LoadReport report;
+    auto records = keo::Source::Reader::readText(CITIES, {}, report);
+    ASSERT_EQ(records.records.size(), 6U);
+    VectorSource lent(sheet());
+    lent.add(records, report);
+    EXPECT_EQ(records.records[0].attributes.size(), 3U) << "a record lent is left as it was";
+    VectorSource given(sheet());
+    given.add(std::move(records), report);
+    // The source's contract: records given up are left in place, without their attributes.
+    EXPECT_TRUE(records.records[0].attributes.empty()); // NOLINT(bugprone-use-after-move)
+    const auto lyon = given.feature(11);
+    ASSERT_NE(lyon, nullptr);
+    EXPECT_EQ(std::any_cast<std::string>(lyon->getAttributes().at("kind").value), "city");
+    EXPECT_EQ(lyon->getAttributes().size(), 3U);
+    EXPECT_EQ(lent.feature(11)->getAttributes().size(), 3U);
+    EXPECT_EQ(pointStyleOf(*lyon).getPointSymbol()->getColor(), Color::RED);
+}
+
 namespace countries {
 
 std::string fileText(const std::string& path) {
@@ -395,12 +410,45 @@ TEST(VectorSourceTest, TheShippedCountriesLoadWithTheirStyleSheetAndComputedArea
     }
     EXPECT_GT(extruded, 50U);
     EXPECT_EQ(report.problemCount(), 0U) << report.toText();
-    // Polygons have no feature classes yet: the source counts them all as not yet supported.
+    // Every country becomes a feature: a polygon, or a multi geometry of polygons.
     LoadReport load;
+    const CapturedLog log;
     const auto source = VectorSource::loadFile(path, options, load);
     ASSERT_NE(source, nullptr);
-    EXPECT_EQ(source->size(), 0U);
-    EXPECT_EQ(load.count(Issue::KindNotYetSupported), 220U);
+    EXPECT_EQ(source->size(), 220U);
+    EXPECT_EQ(load.problemCount(), 0U) << load.toText();
+    std::size_t multi = 0;
+    for (const auto& node : source->group()->getFeatures()) {
+        const auto* feature = dynamic_cast<const Feature*>(node.get());
+        ASSERT_NE(feature, nullptr);
+        multi += feature->getGeometry()->getType() == keo::Feature::Geometry::Type::Multi ? 1U : 0U;
+    }
+    EXPECT_EQ(multi, 113U);
+    EXPECT_EQ(log.count(STYLE_MISMATCH), 113U) << "one record per multi geometry's style";
+}
+
+TEST(VectorSourceTest, TheCountriesSheetAsksForItsNameAndAreaFields) {
+    LoadReport report;
+    LoadOptions options;
+    options.styleSheet = StyleSheet::parse(
+        fileText(std::string(KEO_DATA_DIR) + "/countries/countries.style.json"), report);
+    ASSERT_NE(options.styleSheet, nullptr) << report.error();
+    const CapturedLog log;
+    const auto source = VectorSource::loadFile(
+        std::string(KEO_DATA_DIR) + "/countries/countries-land-10km.geojson", options, report);
+    ASSERT_NE(source, nullptr) << report.toText();
+    EXPECT_EQ(report.problemCount(), 0U) << report.toText();
+    std::size_t extruded = 0;
+    for (const auto& node : source->group()->getFeatures()) {
+        const auto* feature = dynamic_cast<const Feature*>(node.get());
+        ASSERT_NE(feature, nullptr);
+        EXPECT_EQ(feature->getName().size(), 3U) << "named by its A3 code";
+        EXPECT_EQ(feature->getAttributes().count("area_km2"), 1U) << feature->getName();
+        const auto* style = feature->getStyle()->asPolygonStyle();
+        ASSERT_NE(style, nullptr);
+        extruded += style->getExtrusionSymbol() != nullptr ? 1U : 0U;
+    }
+    EXPECT_GT(extruded, 50U);
 }
 
 } // namespace countries

@@ -42,8 +42,8 @@ bool isFlagOption(const std::string& name) {
 }
 
 bool isValueOption(const std::string& name) {
-    for (const char* known :
-         {"--frames", "--features", "--json", "--picture", "--view", "--size", "--picture-every"}) {
+    for (const char* known : {"--frames", "--features", "--json", "--picture", "--view", "--size",
+                              "--picture-every", "--data", "--layer", "--style"}) {
         if (name == known) {
             return true;
         }
@@ -97,12 +97,17 @@ std::string applyPictureValue(const std::string& name, const std::string& value,
 
 // Applies the value of option @p name; the error, or empty.
 std::string applyValue(const std::string& name, const std::string& value, Options& options) {
-    if (name == "--json") {
-        if (value.empty()) {
-            return "option '--json' needs a file name";
+    for (auto [option, field] :
+         {std::pair{"--json", &options.jsonPath}, std::pair{"--data", &options.dataPath},
+          std::pair{"--layer", &options.layer}, std::pair{"--style", &options.stylePath}}) {
+        if (name == option) {
+            if (value.empty()) {
+                return "option '" + name + "' needs " +
+                       (name == "--layer" ? "a layer name" : "a file name");
+            }
+            *field = value;
+            return std::string();
         }
-        options.jsonPath = value;
-        return std::string();
     }
     if (name == "--frames" || name == "--features") {
         const std::uint32_t max = name == "--frames" ? MAX_FRAMES : MAX_FEATURES;
@@ -116,15 +121,20 @@ std::string applyValue(const std::string& name, const std::string& value, Option
     return applyPictureValue(name, value, options);
 }
 
-// The picture options other than --picture are only meaningful with it.
-std::string checkPictureOptions(const std::vector<std::string>& given, const Options& options) {
-    if (!options.picturePath.empty()) {
-        return std::string();
-    }
+// The picture options other than --picture are only meaningful with it, and the data options
+// other than --data with --data, which plays its file rather than a scale run.
+std::string checkDependentOptions(const std::vector<std::string>& given, const Options& options) {
     for (const std::string& name : given) {
-        if (name == "--view" || name == "--size" || name == "--picture-every") {
+        if (options.picturePath.empty() &&
+            (name == "--view" || name == "--size" || name == "--picture-every")) {
             return "option '" + name + "' needs --picture FILE";
         }
+        if (options.dataPath.empty() && (name == "--layer" || name == "--style")) {
+            return "option '" + name + "' needs --data FILE";
+        }
+    }
+    if (!options.dataPath.empty() && options.features) {
+        return "option '--data' does not go with '--features'";
     }
     return std::string();
 }
@@ -179,7 +189,7 @@ ParseResult parseArguments(const std::vector<std::string>& arguments) {
             return failure(std::move(error));
         }
     }
-    if (std::string error = checkPictureOptions(given, options); !error.empty()) {
+    if (std::string error = checkDependentOptions(given, options); !error.empty()) {
         return failure(std::move(error));
     }
     return ParseResult{options, std::string()};
@@ -189,11 +199,17 @@ std::string usageText() {
     return "Usage: keo-scene [--frames N] [--features N] [--json FILE] [--quiet] [--verify]\n"
            "                 [--picture FILE [--view map|oblique] [--size WxH] [--picture-every "
            "N]]\n"
+           "                 [--data FILE [--layer NAME] [--style FILE]]\n"
            "\n"
            "Builds a sample scene of features, plays it frame by frame as a renderer would and\n"
            "prints what the features become: one line per frame, then every feature's entity "
            "tree.\n"
            "\n"
+           "  --data FILE    play the features of a vector file instead (any format GDAL reads),\n"
+           "                 print the load report first and one line per feature at the end\n"
+           "  --layer NAME   the layer of the --data file to read (default: its first)\n"
+           "  --style FILE   the JSON style sheet for the --data file (default: every kind in\n"
+           "                 the default style)\n"
            "  --frames N     frames to play, 1 to " +
            std::to_string(MAX_FRAMES) +
            " (default 12; one frame is 0.5 s of scene time)\n"
@@ -219,9 +235,10 @@ std::string usageText() {
            "                 the frame number before the extension (scene-04.png, ...)\n"
            "  -h, --help     print this text\n"
            "\n"
-           "Exit status: 0 on success, 1 when --verify finds a difference or the JSON report\n"
-           "or a picture cannot be written, 2 for a wrong command line or a --json or --picture\n"
-           "file that cannot be opened.\n";
+           "Exit status: 0 on success, 1 when --verify finds a difference, the JSON report\n"
+           "or a picture cannot be written, or the --data or --style file cannot be loaded,\n"
+           "2 for a wrong command line, a --json, --picture, --data or --style file that\n"
+           "cannot be opened, or a --layer the data does not have.\n";
 }
 
 } // namespace keo::scene

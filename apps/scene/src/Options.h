@@ -15,6 +15,12 @@ struct Options {
     std::uint32_t frames = 12;
     /** @brief Scale mode: the number of features to build (1 to MAX_FEATURES); empty: sample. */
     std::optional<std::uint32_t> features;
+    /** @brief Data mode: the vector file to load, style and play; empty: the sample. */
+    std::string dataPath;
+    /** @brief The layer of the data file to read; empty: its first. */
+    std::string layer;
+    /** @brief The JSON style sheet for the data; empty: the default sheet. */
+    std::string stylePath;
     /** @brief File to write the JSON report to; empty: no JSON. */
     std::string jsonPath;
     /** @brief Print only the closing summary (errors still go to standard error). */
@@ -55,7 +61,8 @@ struct ParseResult {
  * @brief Parses the arguments after the program name. Options take their value as the next
  * argument or after '=' (`--frames 5`, `--frames=5`). Numbers are plain decimal digits within
  * their range; a picture file must end in .png, .svg or .pdf, a view is "map" or "oblique", a
- * size is WIDTHxHEIGHT (each 1 to 16384); --view, --size and --picture-every need --picture.
+ * size is WIDTHxHEIGHT (each 1 to 16384); --view, --size and --picture-every need --picture;
+ * --layer and --style need --data, which does not go with --features; file names are not empty.
  * Anything else, an unknown option, a missing value or a stray argument gives an error and no
  * options. Never throws for any input.
  */

@@ -1,6 +1,7 @@
 #include "Program.h"
 
 #include "CollectionWatch.h"
+#include "DataRun.h"
 #include "EditScript.h"
 #include "FrameLog.h"
 #include "LogCapture.h"
@@ -109,9 +110,37 @@ std::string verifiedLine(std::uint32_t frames) {
            " frames the live set equalled the entity trees of the features in the scene\n";
 }
 
+// Loads the --data file into the run's scene and prints its header; null when it cannot, with
+// the exit status in @p status.
+std::unique_ptr<DataRun> loadData(const Options& options, Run& run, std::ostream& out,
+                                  std::ostream& err, int& status) {
+    DataRun::Failure failure;
+    auto data = DataRun::load(options, run.scene, failure);
+    if (data == nullptr) {
+        err << "keo-scene: " << failure.message << "\n";
+        if (failure.status == EXIT_USAGE) {
+            err << HELP_HINT << "\n";
+        }
+        status = failure.status;
+    } else if (!options.quiet) {
+        out << data->header(options, run.scene);
+    }
+    return data;
+}
+
+// Plays the sample, or with --data the data file's features (without the sample's edits).
 int runSample(const Options& options, Run& run, std::ostream& out, std::ostream& err) {
-    populateSample(run.scene, sampleEntries().size());
-    if (!options.quiet) {
+    std::unique_ptr<DataRun> data;
+    if (!options.dataPath.empty()) {
+        int status = EXIT_OK;
+        data = loadData(options, run, out, err, status);
+        if (data == nullptr) {
+            return status;
+        }
+    } else {
+        populateSample(run.scene, sampleEntries().size());
+    }
+    if (!options.quiet && data == nullptr) {
         out << "keo-scene: the built-in sample, " << options.frames << " frame"
             << (options.frames == 1 ? "" : "s") << " of " << FRAME_SECONDS << " s\n";
         out << "scene: layer \"" << run.scene.layer()->getName() << "\", groups";
@@ -123,7 +152,9 @@ int runSample(const Options& options, Run& run, std::ostream& out, std::ostream&
         out << "; " << run.scene.features().size() << " features, also in a collection\n\n";
     }
     for (std::uint32_t frame = 1; frame <= options.frames; ++frame) {
-        const FrameRecord& record = run.play(frame, applyEditsBefore(frame, run.scene));
+        const FrameRecord& record =
+            run.play(frame, data != nullptr ? std::vector<std::string>()
+                                            : applyEditsBefore(frame, run.scene));
         if (!options.quiet) {
             out << formatFrame(record);
         }
@@ -139,6 +170,8 @@ int runSample(const Options& options, Run& run, std::ostream& out, std::ostream&
     if (options.quiet) {
         out << "keo-scene: " << options.frames << " frames, " << run.scene.features().size()
             << " features, " << run.renderer.liveCount() << " entities live\n";
+    } else if (data != nullptr) {
+        out << data->summary(run.scene);
     } else {
         out << "\nentity trees at t=" << run.lastTime()
             << " s (keoData's text dump), one per feature in tree order:\n"
@@ -298,10 +331,13 @@ int runProgram(const std::vector<std::string>& arguments, std::ostream& out, std
 
     // Frames played: the sample's, or the scale run's first frame, clean frames and edit rounds.
     const std::uint32_t frames = options.features ? 1 + 2 * options.frames : options.frames;
+    const std::string mode = options.features            ? "scale"
+                             : !options.dataPath.empty() ? "data"
+                                                         : "sample";
     PictureOutput pictures(options, frames,
                            options.features
                                ? "keo-scene, " + std::to_string(*options.features) + " features"
-                               : std::string("keo-scene sample"));
+                               : "keo-scene " + (mode == "data" ? options.dataPath : mode));
     if (const std::string first = pictures.firstPath(); !first.empty()) {
         // Checked before the run, as the JSON file is: a wrong path is a wrong command line.
         std::ofstream probe(first, std::ios::out | std::ios::trunc);
@@ -312,7 +348,7 @@ int runProgram(const std::vector<std::string>& arguments, std::ostream& out, std
             return EXIT_USAGE;
         }
     }
-    auto run = std::make_unique<Run>(options.features ? "scale" : "sample", std::move(pictures));
+    auto run = std::make_unique<Run>(mode.c_str(), std::move(pictures));
     const int status = options.features
                            ? runScale(options, *options.features, *run, out, err, progress)
                            : runSample(options, *run, out, err);
@@ -336,8 +372,8 @@ int runProgram(const std::vector<std::string>& arguments, std::ostream& out, std
     if (!json.is_open()) {
         return status;
     }
-    json << frameLogJson(options.features ? "scale" : "sample", frameRecords, phases,
-                         memory ? &*memory : nullptr, logRecords, time, features);
+    json << frameLogJson(mode, frameRecords, phases, memory ? &*memory : nullptr, logRecords, time,
+                         features);
     json.close();
     if (json.fail()) {
         err << "keo-scene: could not write the JSON report to '" << options.jsonPath << "'\n";

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -198,6 +199,32 @@ TEST(JsonReportTest, TheScaleRunReportsTheMemoryOfItsFeaturesEachKindAndItsTeard
     EXPECT_NE(out.find("memory: "), std::string::npos);
     EXPECT_NE(out.find("kind             heap B/feature\n"), std::string::npos);
     EXPECT_NE(out.find("teardown: "), std::string::npos);
+}
+
+TEST(JsonReportTest, TheDataRunReportsTheLoadedFeaturesInTheirLayersGroup) {
+    TemporaryFile file("keo-scene-data-test.json");
+    std::string out;
+    std::string err;
+    const std::string countries = std::string(KEO_DATA_DIR) + "/countries/";
+    ASSERT_EQ(run({"--json", file.path, "--frames", "2", "--data",
+                   countries + "countries-land-10km.geojson", "--style",
+                   countries + "countries.style.json"},
+                  out, err),
+              0)
+        << err;
+    const JsonValue report = JsonParser::parse(file.read());
+    EXPECT_EQ(report["mode"].string, "data");
+    EXPECT_EQ(report["frames"].array.size(), 2u);
+    ASSERT_EQ(report["features"].array.size(), 220u);
+    const JsonValue& russia = featureNamed(report, "RUS");
+    EXPECT_EQ(russia["group"].string, "countries-land-10km");
+    // A multi polygon: one child per part, each extruded.
+    const JsonValue& parts = russia["entities"]["children"];
+    ASSERT_FALSE(parts.array.empty());
+    const std::vector<std::string> names = childNames(parts.array.front());
+    EXPECT_NE(std::find(names.begin(), names.end(), "extrusion-wall-symbol"), names.end());
+    EXPECT_NE(std::find(names.begin(), names.end(), "label-symbol"), names.end());
+    EXPECT_NE(out.find("load report: read 220 source features"), std::string::npos) << out;
 }
 
 TEST(JsonWriterTest, EscapesStringsAndNestsWithTwoSpacesPerLevel) {

@@ -142,10 +142,30 @@ TEST(OptionsTest, PictureSettingsWithoutAPictureAreErrors) {
     EXPECT_EQ(errorOf({"--picture-every", "2"}), "option '--picture-every' needs --picture FILE");
 }
 
+TEST(OptionsTest, DataOptionsAreTakenInBothForms) {
+    const ParseResult result =
+        parse({"--data", "places.gpkg", "--layer=roads", "--style", "roads.json"});
+    ASSERT_TRUE(result.options.has_value()) << result.error;
+    EXPECT_EQ(result.options->dataPath, "places.gpkg");
+    EXPECT_EQ(result.options->layer, "roads");
+    EXPECT_EQ(result.options->stylePath, "roads.json");
+    EXPECT_TRUE(parse({}).options->dataPath.empty());
+}
+
+TEST(OptionsTest, DataSettingsWithoutDataAndDataWithAScaleRunAreErrors) {
+    EXPECT_EQ(errorOf({"--layer", "roads"}), "option '--layer' needs --data FILE");
+    EXPECT_EQ(errorOf({"--style", "roads.json"}), "option '--style' needs --data FILE");
+    EXPECT_EQ(errorOf({"--data", "a.geojson", "--features", "10"}),
+              "option '--data' does not go with '--features'");
+    EXPECT_EQ(errorOf({"--data="}), "option '--data' needs a file name");
+    EXPECT_EQ(errorOf({"--data", "a.geojson", "--layer="}), "option '--layer' needs a layer name");
+}
+
 TEST(OptionsTest, TheUsageTextNamesEveryOption) {
     const std::string usage = keo::scene::usageText();
-    for (const char* option : {"--frames", "--features", "--json", "--quiet", "--verify", "--help",
-                               "--picture", "--view", "--size", "--picture-every"}) {
+    for (const char* option :
+         {"--frames", "--features", "--json", "--quiet", "--verify", "--help", "--picture",
+          "--view", "--size", "--picture-every", "--data", "--layer", "--style"}) {
         EXPECT_NE(usage.find(option), std::string::npos) << option;
     }
 }
