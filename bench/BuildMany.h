@@ -20,6 +20,32 @@ inline void takeEntities(keo::Feature::Feature& feature) {
     benchmark::DoNotOptimize(feature._takeRemovedEntities());
 }
 
+/** @brief Reports the time of one iteration over @p count features as "time_per_feature". */
+inline void reportTimePerFeature(benchmark::State& state, std::size_t count) {
+    state.counters["time_per_feature"] = benchmark::Counter(
+        static_cast<double>(count),
+        benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+
+/**
+ * @brief Builds @p count features with @p build(index) (each through its first frame update),
+ * then times frames over them that nothing changed: each feature is visited and found clean.
+ */
+template <typename Build>
+void cleanFramesOver(benchmark::State& state, std::size_t count, Build&& build) {
+    std::vector<std::shared_ptr<keo::Feature::Feature>> features;
+    features.reserve(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        features.push_back(build(i));
+    }
+    for (auto _ : state) {
+        for (const auto& feature : features) {
+            feature->_updateEntityInCull(false);
+        }
+    }
+    reportTimePerFeature(state, count);
+}
+
 /**
  * @brief Builds @p count features per iteration with @p build(index) (each through its first
  * frame update) and reports the time, the bytes allocated and the bytes still held afterwards, per
@@ -53,9 +79,7 @@ void buildMany(benchmark::State& state, std::size_t count, Build&& build) {
         state.ResumeTiming();
     }
     const auto total = static_cast<double>(state.iterations()) * static_cast<double>(count);
-    state.counters["time_per_feature"] = benchmark::Counter(
-        static_cast<double>(count),
-        benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+    reportTimePerFeature(state, count);
     state.counters["allocated_bytes_per_feature"] = static_cast<double>(allocated) / total;
     state.counters["live_bytes_per_feature"] = static_cast<double>(live) / total;
 }

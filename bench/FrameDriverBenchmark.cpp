@@ -3,6 +3,7 @@
 // over the same features (update, then take both lists) for comparison, and a frame after one
 // feature in a hundred was moved.
 
+#include "BuildMany.h"
 #include "Feature/Feature.h"
 #include "Feature/FeatureGroup.h"
 #include "Feature/FrameDriver.h"
@@ -55,9 +56,7 @@ struct Scene {
 };
 
 void perFeature(benchmark::State& state) {
-    state.counters["time_per_feature"] = benchmark::Counter(
-        static_cast<double>(FEATURES),
-        benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+    keo::bench::reportTimePerFeature(state, FEATURES);
 }
 
 void BM_CleanFrameThroughTheDriver(benchmark::State& state) {

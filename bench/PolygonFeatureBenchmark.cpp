@@ -133,19 +133,8 @@ void BM_LabelPositionOfALongRing(benchmark::State& state) {
 BENCHMARK(BM_LabelPositionOfALongRing)->Unit(benchmark::kMillisecond);
 
 void BM_CleanFrameOverPolygons(benchmark::State& state) {
-    std::vector<std::shared_ptr<Feature>> features;
-    features.reserve(FEATURES);
-    for (std::size_t i = 0; i < FEATURES; ++i) {
-        features.push_back(buildFeature(i, makeStyle(false)));
-    }
-    for (auto _ : state) {
-        for (const auto& feature : features) {
-            feature->_updateEntityInCull(false);
-        }
-    }
-    state.counters["time_per_feature"] = benchmark::Counter(
-        static_cast<double>(FEATURES),
-        benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+    keo::bench::cleanFramesOver(state, FEATURES,
+                                [](std::size_t i) { return buildFeature(i, makeStyle(false)); });
 }
 BENCHMARK(BM_CleanFrameOverPolygons)->Unit(benchmark::kMillisecond);
 

@@ -107,19 +107,8 @@ BENCHMARK(BM_MoveOneVertexOfALongLineThenUpdate)->Unit(benchmark::kMicrosecond);
 
 // A frame over built polylines that nothing changed: each is visited and found clean.
 void BM_CleanFrameOverPolylines(benchmark::State& state) {
-    std::vector<std::shared_ptr<Feature>> features;
-    features.reserve(FEATURES);
-    for (std::size_t i = 0; i < FEATURES; ++i) {
-        features.push_back(buildFeature(i, makeStyle(false)));
-    }
-    for (auto _ : state) {
-        for (const auto& feature : features) {
-            feature->_updateEntityInCull(false);
-        }
-    }
-    state.counters["time_per_feature"] = benchmark::Counter(
-        static_cast<double>(FEATURES),
-        benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+    keo::bench::cleanFramesOver(state, FEATURES,
+                                [](std::size_t i) { return buildFeature(i, makeStyle(false)); });
 }
 BENCHMARK(BM_CleanFrameOverPolylines)->Unit(benchmark::kMillisecond);
 

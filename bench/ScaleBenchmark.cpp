@@ -4,6 +4,7 @@
 // counted by HeapCounter.cpp), framed clean, edited (every feature moved, then a frame) and
 // destroyed. Flat cost means the per-feature figures of the three sizes stay close.
 
+#include "BuildMany.h"
 #include "Feature/Feature.h"
 #include "Feature/FeatureGroup.h"
 #include "Feature/FrameDriver.h"
@@ -65,9 +66,7 @@ std::size_t sizeOf(const benchmark::State& state) {
 }
 
 void perFeature(benchmark::State& state) {
-    state.counters["time_per_feature"] = benchmark::Counter(
-        static_cast<double>(sizeOf(state)),
-        benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+    keo::bench::reportTimePerFeature(state, sizeOf(state));
 }
 
 void BM_ScaleBuild(benchmark::State& state) {

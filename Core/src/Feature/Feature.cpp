@@ -7,6 +7,7 @@
 #include "Feature/Style.h"
 #include "FeatureLog.h"
 #include "FixedSites.h"
+#include "LazyText.h"
 
 #include <algorithm>
 #include <iterator>
@@ -91,15 +92,6 @@ void forEachEntity(const std::shared_ptr<Entity>& root, Visit&& visit) {
     }
 }
 
-// Stores @p text in @p slot, made on first use: an empty text needs no string.
-void storeLabelText(std::unique_ptr<std::string>& slot, const std::string& text) {
-    if (slot) {
-        *slot = text;
-    } else if (!text.empty()) {
-        slot = std::make_unique<std::string>(text);
-    }
-}
-
 } // namespace
 
 struct Feature::Extras {
@@ -164,7 +156,7 @@ void Feature::copyContentFrom(const Feature& other) {
             extras_->attachmentFiles.clear();
             extras_->originDataSource = nullptr;
         }
-        storeLabelText(labelText_, other.getLabelText());
+        detail::storeText(labelText_, other.getLabelText());
         asynchronous_ = other.asynchronous_;
         distanceDisplayCondition_ = other.distanceDisplayCondition_;
     }
@@ -342,8 +334,7 @@ void Feature::_setOriginDataSource(const DataSource* source) {
 }
 
 const std::string& Feature::getLabelText() const noexcept {
-    static const std::string none;
-    return labelText_ ? *labelText_ : none;
+    return detail::textIn(labelText_);
 }
 
 void Feature::setLabelText(const std::string& text) {
@@ -352,7 +343,7 @@ void Feature::setLabelText(const std::string& text) {
     }
     {
         const Lock lock(lock_);
-        storeLabelText(labelText_, text);
+        detail::storeText(labelText_, text);
     }
     _onStyleDefinitionChanged(style_.get());
 }

@@ -2,6 +2,7 @@
 
 #include "Feature/FeatureGroup.h"
 #include "FreshId.h"
+#include "LazyText.h"
 
 namespace keo::Feature {
 
@@ -40,16 +41,11 @@ void FeatureBase::setName(const std::string& name) {
 }
 
 const std::string& FeatureBase::getDescription() const noexcept {
-    static const std::string none;
-    return description_ ? *description_ : none;
+    return detail::textIn(description_);
 }
 
 void FeatureBase::storeDescription(const std::string& description) {
-    if (description_) {
-        *description_ = description;
-    } else if (!description.empty()) {
-        description_ = std::make_unique<std::string>(description);
-    }
+    detail::storeText(description_, description);
 }
 
 void FeatureBase::setDescription(const std::string& description) {

@@ -11,6 +11,7 @@
 #include "Data/PointGraphics.h"
 #include "Data/PositionProperty.h"
 #include "Data/TimePoint.h"
+#include "EntityTestSupport.h"
 #include "Feature/ColorMaterial.h"
 #include "Feature/EllipseStyle.h"
 #include "Feature/EllipseSymbol.h"
@@ -50,8 +51,11 @@ using keo::Feature::Feature;
 using keo::Feature::Geometry;
 using keo::Feature::LabelSymbol;
 using keo::Feature::test::CapturedLog;
+using keo::Feature::test::cartesian;
 using keo::Feature::test::EventRecorder;
 using keo::Feature::test::expectAssignKindLogged;
+using keo::Feature::test::graphicsOf;
+using keo::Feature::test::positionOf;
 using keo::Feature::test::RendererModel;
 
 constexpr const char* LABEL = "label-symbol";
@@ -59,20 +63,6 @@ constexpr const char* HINT_LINE = "hint-line";
 constexpr const char* INVALID_AXES = "椭圆半轴长不能为0.0。";
 
 const Cartographic CENTRE = Cartographic::fromDegrees(121.47, 31.23, 12.0);
-
-Vector3<double> cartesian(const Cartographic& c) {
-    return Ellipsoid::WGS84.cartographicToCartesian(c);
-}
-
-template <typename Graphics>
-const Graphics* graphicsOf(const Entity& entity) {
-    const auto& graphics = entity.getGeometryGraphics();
-    return graphics ? graphics->as<Graphics>() : nullptr;
-}
-
-std::optional<Vector3<double>> positionOf(const Entity& entity) {
-    return entity.getPosition() ? entity.getPosition()->getValue(keo::TimePoint()) : std::nullopt;
-}
 
 struct EllipseScene {
     EllipseScene() {

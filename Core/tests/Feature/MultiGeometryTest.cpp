@@ -9,6 +9,7 @@
 #include "Data/PolylineGraphics.h"
 #include "Data/PositionProperty.h"
 #include "Data/TimePoint.h"
+#include "EntityTestSupport.h"
 #include "Feature/ColorMaterial.h"
 #include "Feature/Feature.h"
 #include "Feature/LabelSymbol.h"
@@ -50,8 +51,10 @@ using keo::Feature::PointStyle;
 using keo::Feature::PointSymbol;
 using keo::Feature::PolylineGeometry;
 using keo::Feature::test::CapturedLog;
+using keo::Feature::test::cartesian;
 using keo::Feature::test::ChangeCounter;
 using keo::Feature::test::EventRecorder;
+using keo::Feature::test::positionOf;
 using keo::Feature::test::RendererModel;
 
 Cartographic degrees(double longitude, double latitude) {
@@ -77,14 +80,6 @@ std::shared_ptr<PointStyle> markerStyle() {
     symbol->setColor(Color::RED);
     style->setPointSymbol(symbol);
     return style;
-}
-
-std::optional<Vector3<double>> positionOf(const Entity& entity) {
-    return entity.getPosition() ? entity.getPosition()->getValue(keo::TimePoint()) : std::nullopt;
-}
-
-Vector3<double> cartesian(const Cartographic& c) {
-    return Ellipsoid::WGS84.cartographicToCartesian(c);
 }
 
 const PointGeometry& pointOf(const MultiGeometry& multi, std::size_t i) {

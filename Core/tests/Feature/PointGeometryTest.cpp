@@ -19,6 +19,7 @@
 #include "Data/Resource.h"
 #include "Data/SphereEmitter.h"
 #include "Data/VelocityOrientationProperty.h"
+#include "EntityTestSupport.h"
 #include "Feature/BillboardSymbol.h"
 #include "Feature/Feature.h"
 #include "Feature/LabelSymbol.h"
@@ -71,8 +72,10 @@ using keo::Feature::PointStyle;
 using keo::Feature::PointSymbol;
 using keo::Feature::Style;
 using keo::Feature::test::CapturedLog;
+using keo::Feature::test::cartesian;
 using keo::Feature::test::EventRecorder;
 using keo::Feature::test::expectAssignKindLogged;
+using keo::Feature::test::graphicsOf;
 using keo::Feature::test::TestGeometry;
 using keo::Feature::test::TestStyle;
 
@@ -85,10 +88,6 @@ constexpr const char* PARTICLES = "particle-system--symbol";
 const Cartographic PLACE = Cartographic::fromDegrees(116.39, 39.91, 50.0);
 const Cartographic OTHER_PLACE = Cartographic::fromDegrees(121.47, 31.23, 10.0);
 
-Vector3<double> cartesian(const Cartographic& c) {
-    return Ellipsoid::WGS84.cartographicToCartesian(c);
-}
-
 std::optional<Vector3<double>> valueAtZero(const std::shared_ptr<PositionProperty>& position) {
     return position ? position->getValue(TimePoint()) : std::nullopt;
 }
@@ -98,12 +97,6 @@ void expectNear(const std::optional<Vector3<double>>& actual, const Vector3<doub
     EXPECT_NEAR(actual->x, expected.x, 1e-6);
     EXPECT_NEAR(actual->y, expected.y, 1e-6);
     EXPECT_NEAR(actual->z, expected.z, 1e-6);
-}
-
-template <typename Graphics>
-const Graphics* graphicsOf(const Entity& entity) {
-    const auto& graphics = entity.getGeometryGraphics();
-    return graphics ? graphics->as<Graphics>() : nullptr;
 }
 
 // A point moving east at 10 m/s from PLACE: a position that is not constant.

@@ -16,6 +16,7 @@
 #include "Data/PositionProperty.h"
 #include "Data/TimePoint.h"
 #include "Data/WallGraphics.h"
+#include "EntityTestSupport.h"
 #include "Feature/ColorMaterial.h"
 #include "Feature/ExtrusionSymbol.h"
 #include "Feature/Feature.h"
@@ -66,9 +67,13 @@ using keo::Feature::PolygonGeometry;
 using keo::Feature::PolygonStyle;
 using keo::Feature::PolygonSymbol;
 using keo::Feature::test::CapturedLog;
+using keo::Feature::test::cartesian;
 using keo::Feature::test::EventRecorder;
 using keo::Feature::test::expectAssignKindLogged;
+using keo::Feature::test::graphicsOf;
+using keo::Feature::test::hasChild;
 using keo::Feature::test::RendererModel;
+using keo::Feature::test::sortedChildNames;
 using Hierarchy = PolygonGeometry::Hierarchy;
 
 constexpr const char* LABEL = "label-symbol";
@@ -103,29 +108,6 @@ Hierarchy park(double height = 0.0) {
         ringOf({{116.405, 39.905}, {116.41, 39.905}, {116.41, 39.91}, {116.405, 39.91}}, height);
     hierarchy.holes.push_back(pond);
     return hierarchy;
-}
-
-Vector3<double> cartesian(const Cartographic& c) {
-    return Ellipsoid::WGS84.cartographicToCartesian(c);
-}
-
-template <typename Graphics>
-const Graphics* graphicsOf(const Entity& entity) {
-    const auto& graphics = entity.getGeometryGraphics();
-    return graphics ? graphics->as<Graphics>() : nullptr;
-}
-
-std::vector<std::string> childNames(const Entity& entity) {
-    std::vector<std::string> names;
-    for (const auto& child : entity.getChildren()) {
-        names.push_back(child->getName());
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-bool hasChild(const Entity& entity, const std::string& name) {
-    return static_cast<bool>(entity.getChildByName(name));
 }
 
 std::string segmentName(std::size_t i) {
@@ -416,7 +398,7 @@ TEST(PolygonGeometryTest, ARingUnderThreeVerticesLeavesTheTreeUntouchedWithItsRe
     scene.style.setPolygonSymbol(fillOf(Color::GREEN));
     scene.style.setLabelSymbol(std::make_shared<LabelSymbol>());
     ASSERT_TRUE(scene.updateBoth());
-    const auto names = childNames(*scene.root);
+    const auto names = sortedChildNames(*scene.root);
     const auto graphics = scene.root->getGeometryGraphics();
     scene.feature._takeAddedEntities();
     Hierarchy tooShort;
@@ -425,7 +407,7 @@ TEST(PolygonGeometryTest, ARingUnderThreeVerticesLeavesTheTreeUntouchedWithItsRe
     const CapturedLog log;
     EXPECT_FALSE(scene.updateGeometry());
     EXPECT_FALSE(scene.updateStyle());
-    EXPECT_EQ(childNames(*scene.root), names);
+    EXPECT_EQ(sortedChildNames(*scene.root), names);
     EXPECT_EQ(scene.root->getGeometryGraphics(), graphics);
     EXPECT_TRUE(scene.feature._takeAddedEntities().empty());
     EXPECT_TRUE(scene.feature._takeRemovedEntities().empty());
@@ -689,7 +671,7 @@ TEST(PolygonGeometryTest, AnOpenAndAClosedTriangleGetTheSameThreeEdgeLabels) {
         symbol->setLengthLabelSymbol(std::make_shared<LengthLabelSymbol>());
         scene.style.setPolygonSymbol(symbol);
         ASSERT_TRUE(scene.updateBoth());
-        EXPECT_EQ(childNames(*scene.root),
+        EXPECT_EQ(sortedChildNames(*scene.root),
                   (std::vector<std::string>{segmentName(0), segmentName(1), segmentName(2)}));
         texts.push_back(edgeLabelTexts(*scene.root));
     }
@@ -1011,7 +993,7 @@ TEST(PolygonGeometryTest, EveryCombinationOfSymbolsBuildsExactlyItsChildrenFrame
                         applyCombination(*style, c);
                         renderer.frame();
                         renderer.expectLiveSetIsTheTree();
-                        ASSERT_EQ(childNames(*feature._getImplHandle()), expectedChildren(c));
+                        ASSERT_EQ(sortedChildNames(*feature._getImplHandle()), expectedChildren(c));
                         const auto* area = graphicsOf<PolygonGraphics>(*feature._getImplHandle());
                         ASSERT_NE(area, nullptr);
                         EXPECT_EQ(area->isShow(), polygon != Presence::Hidden);

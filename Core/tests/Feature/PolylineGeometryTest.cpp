@@ -13,6 +13,7 @@
 #include "Data/PolylineGraphics.h"
 #include "Data/PolylineVolumeGraphics.h"
 #include "Data/WallGraphics.h"
+#include "EntityTestSupport.h"
 #include "Feature/ColorMaterial.h"
 #include "Feature/ExtrusionSymbol.h"
 #include "Feature/Feature.h"
@@ -66,8 +67,12 @@ using keo::Feature::PolygonSymbol;
 using keo::Feature::PolylineGeometry;
 using keo::Feature::PolylineStyle;
 using keo::Feature::test::CapturedLog;
+using keo::Feature::test::cartesian;
+using keo::Feature::test::childNames;
 using keo::Feature::test::EventRecorder;
 using keo::Feature::test::expectAssignKindLogged;
+using keo::Feature::test::graphicsOf;
+using keo::Feature::test::hasChild;
 using keo::Feature::test::RendererModel;
 
 constexpr const char* LABEL = "label-symbol";
@@ -86,28 +91,6 @@ std::vector<Cartographic> lineOf(int vertices, double height = 0.0) {
             Cartographic::fromDegrees(116.0 + 0.01 * i, 39.9 + 0.004 * (i % 2), height + 10.0 * i));
     }
     return positions;
-}
-
-Vector3<double> cartesian(const Cartographic& c) {
-    return Ellipsoid::WGS84.cartographicToCartesian(c);
-}
-
-template <typename Graphics>
-const Graphics* graphicsOf(const Entity& entity) {
-    const auto& graphics = entity.getGeometryGraphics();
-    return graphics ? graphics->as<Graphics>() : nullptr;
-}
-
-std::vector<std::string> childNames(const Entity& entity) {
-    std::vector<std::string> names;
-    for (const auto& child : entity.getChildren()) {
-        names.push_back(child->getName());
-    }
-    return names;
-}
-
-bool hasChild(const Entity& entity, const std::string& name) {
-    return static_cast<bool>(entity.getChildByName(name));
 }
 
 std::shared_ptr<LineSymbol> dashedLine() {

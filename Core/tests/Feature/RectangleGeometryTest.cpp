@@ -13,6 +13,7 @@
 #include "Data/RectangleGraphics.h"
 #include "Data/TimePoint.h"
 #include "Data/WallGraphics.h"
+#include "EntityTestSupport.h"
 #include "Feature/ColorMaterial.h"
 #include "Feature/EllipseStyle.h"
 #include "Feature/ExtrusionSymbol.h"
@@ -59,6 +60,8 @@ using keo::Feature::RectangleGeometry;
 using keo::Feature::test::CapturedLog;
 using keo::Feature::test::EventRecorder;
 using keo::Feature::test::expectAssignKindLogged;
+using keo::Feature::test::graphicsOf;
+using keo::Feature::test::positionOf;
 using keo::Feature::test::RendererModel;
 
 constexpr const char* LABEL = "label-symbol";
@@ -81,16 +84,6 @@ Vector3<double> cartesian(double westRadians, double southRadians) {
 
 Vector3<double> centreOf(const GlobeRectangle& rectangle) {
     return Ellipsoid::WGS84.cartographicToCartesian(rectangle.computeCenter());
-}
-
-template <typename Graphics>
-const Graphics* graphicsOf(const Entity& entity) {
-    const auto& graphics = entity.getGeometryGraphics();
-    return graphics ? graphics->as<Graphics>() : nullptr;
-}
-
-std::optional<Vector3<double>> positionOf(const Entity& entity) {
-    return entity.getPosition() ? entity.getPosition()->getValue(keo::TimePoint()) : std::nullopt;
 }
 
 std::shared_ptr<PolygonSymbol> fillOf(const Color& color) {

@@ -198,20 +198,14 @@ std::string formatPhase(const ScalePhase& phase) {
 // their own, through their first frame.
 std::vector<KindMemory> measureKinds(std::size_t perKind) {
     std::vector<KindMemory> kinds;
-    for (std::size_t index = 0; index < sampleEntries().size(); ++index) {
-        const SampleEntry& entry = sampleEntries()[index];
+    for (const SampleEntry& entry : sampleEntries()) {
+        // The scene and its renderer side go at the end of each turn, before the next kind.
         const std::size_t before = currentMemoryUse().heap;
-        {
-            Scene scene("kinds");
-            RendererSide renderer(scene.sharedRoot());
-            scene.collection().suspendEvents();
-            for (std::size_t i = 0; i < perKind; ++i) {
-                scene.add(entry.group, entry.make(FIRST_FEATURE_ID + i, entry.name));
-            }
-            scene.collection().resumeEvents();
-            renderer.runFrame(1);
-            kinds.push_back({entry.name, bytesPer(before, currentMemoryUse().heap, perKind)});
-        }
+        Scene scene("kinds");
+        RendererSide renderer(scene.sharedRoot());
+        populateKind(scene, entry, perKind);
+        renderer.runFrame(1);
+        kinds.push_back({entry.name, bytesPer(before, currentMemoryUse().heap, perKind)});
     }
     return kinds;
 }

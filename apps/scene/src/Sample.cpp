@@ -267,4 +267,12 @@ void populateSample(Scene& scene, std::size_t count, std::size_t first) {
     scene.collection().resumeEvents();
 }
 
+void populateKind(Scene& scene, const SampleEntry& entry, std::size_t count) {
+    scene.collection().suspendEvents();
+    for (std::size_t i = 0; i < count; ++i) {
+        scene.add(entry.group, entry.make(FIRST_FEATURE_ID + i, entry.name));
+    }
+    scene.collection().resumeEvents();
+}
+
 } // namespace keo::scene

@@ -40,6 +40,12 @@ inline constexpr std::uint64_t FIRST_FEATURE_ID = 1001;
 void populateSample(Scene& scene, std::size_t count, std::size_t first = 0);
 
 /**
+ * @brief Adds @p count features of @p entry alone to @p scene, with ids from FIRST_FEATURE_ID,
+ * under one suspension of the collection's events as populateSample does.
+ */
+void populateKind(Scene& scene, const SampleEntry& entry, std::size_t count);
+
+/**
  * @brief The bounding box of the sample's model file @p uri, as a model loader would read it from
  * the file: the sample's models have fixed boxes; any other model is a 2 m cube on the ground.
  */
