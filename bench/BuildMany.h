@@ -80,8 +80,8 @@ void buildMany(benchmark::State& state, std::size_t count, Build&& build) {
     }
     const auto total = static_cast<double>(state.iterations()) * static_cast<double>(count);
     reportTimePerFeature(state, count);
-    state.counters["allocated_bytes_per_feature"] = static_cast<double>(allocated) / total;
-    state.counters["live_bytes_per_feature"] = static_cast<double>(live) / total;
+    reportBytes(state, "allocated_bytes_per_feature", static_cast<double>(allocated) / total);
+    reportBytes(state, "live_bytes_per_feature", static_cast<double>(live) / total);
 }
 
 } // namespace keo::bench

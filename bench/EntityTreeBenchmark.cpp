@@ -89,8 +89,9 @@ void BM_BuildEntityTrees(benchmark::State& state) {
     state.counters["time_per_tree"] = benchmark::Counter(
         static_cast<double>(TREES),
         benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
-    state.counters["allocated_bytes_per_tree"] = static_cast<double>(grossBytes) / built;
-    state.counters["live_bytes_per_tree"] = static_cast<double>(liveBytes) / built;
+    keo::bench::reportBytes(state, "allocated_bytes_per_tree",
+                            static_cast<double>(grossBytes) / built);
+    keo::bench::reportBytes(state, "live_bytes_per_tree", static_cast<double>(liveBytes) / built);
 }
 BENCHMARK(BM_BuildEntityTrees)->Unit(benchmark::kMillisecond);
 

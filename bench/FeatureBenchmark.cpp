@@ -108,7 +108,7 @@ void reportHeapBytes(benchmark::State& state, Make&& make) {
         bytes = keo::bench::allocatedBytes() - before;
         benchmark::DoNotOptimize(object);
     }
-    state.counters["heap_bytes"] = static_cast<double>(bytes);
+    keo::bench::reportBytes(state, "heap_bytes", static_cast<double>(bytes));
 }
 
 // A default feature (no geometry, no style) made with std::make_shared, as groups hold them.

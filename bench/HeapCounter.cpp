@@ -34,6 +34,10 @@ void countedFree(void* pointer) noexcept {
 
 namespace keo::bench {
 
+bool heapCounted() noexcept {
+    return true;
+}
+
 std::size_t allocatedBytes() noexcept {
     return allocated;
 }

@@ -41,7 +41,7 @@ void makeMany(benchmark::State& state, Make&& make) {
     state.counters["time_per_object"] = benchmark::Counter(
         static_cast<double>(OBJECTS_PER_ITERATION),
         benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
-    state.counters["live_bytes_per_object"] = static_cast<double>(liveBytes) / count;
+    reportBytes(state, "live_bytes_per_object", static_cast<double>(liveBytes) / count);
 }
 
 } // namespace keo::bench

@@ -87,8 +87,9 @@ void BM_ScaleBuild(benchmark::State& state) {
     const double total =
         static_cast<double>(state.iterations()) * static_cast<double>(sizeOf(state));
     perFeature(state);
-    state.counters["allocated_bytes_per_feature"] = static_cast<double>(allocated) / total;
-    state.counters["live_bytes_per_feature"] = static_cast<double>(held) / total;
+    keo::bench::reportBytes(state, "allocated_bytes_per_feature",
+                            static_cast<double>(allocated) / total);
+    keo::bench::reportBytes(state, "live_bytes_per_feature", static_cast<double>(held) / total);
 }
 
 void BM_ScaleCleanFrame(benchmark::State& state) {
