@@ -12,6 +12,7 @@
 #include "Data/CircleEmitter.h"
 #include "Data/CircleWaveMaterialProperty.h"
 #include "Data/ClassificationType.h"
+#include "Data/ClosedRingPositionArrayProperty.h"
 #include "Data/ColorMaterialProperty.h"
 #include "Data/ConeEmitter.h"
 #include "Data/ConstantPositionArrayProperty.h"

@@ -4,6 +4,8 @@
 #include "Data/GroundGeometryGraphics.h"
 #include "Data/PolygonHierarchy.h"
 
+#include <memory>
+
 namespace keo {
 
 /**
@@ -35,20 +37,28 @@ public:
     static constexpr bool isKindOf(Type type) noexcept { return type == Type::Polygon; }
 
     /** @brief The outer ring and its holes (default empty). */
-    const PolygonHierarchy& getHierarchy() const noexcept { return fields_.hierarchy; }
+    const PolygonHierarchy& getHierarchy() const noexcept { return *hierarchy_; }
+    /**
+     * @brief The outer ring and its holes as held (never null): an outline may read a ring
+     * through it (ClosedRingPositionArrayProperty) instead of a copy of its own. The held
+     * hierarchy never changes; setHierarchy puts a new one in its place.
+     */
+    const std::shared_ptr<const PolygonHierarchy>& getSharedHierarchy() const noexcept {
+        return hierarchy_;
+    }
     /**
      * @brief Sets the outer ring and its holes (stored as given; a ring of fewer than three
      * positions encloses nothing).
      */
-    void setHierarchy(PolygonHierarchy hierarchy) noexcept;
+    void setHierarchy(PolygonHierarchy hierarchy);
     /** @brief Whether vertices keep their own heights (default false). */
-    bool isPerPositionHeight() const noexcept { return fields_.perPositionHeight; }
+    bool isPerPositionHeight() const noexcept { return perPositionHeight_; }
     /** @brief Lets vertices keep their own heights, or not. */
     void setPerPositionHeight(bool perPositionHeight) noexcept {
-        fields_.perPositionHeight = perPositionHeight;
+        perPositionHeight_ = perPositionHeight;
     }
     /** @brief The shadow volume's height scale (default 1). */
-    double getShadowVolumeHeightScale() const noexcept { return fields_.shadowVolumeHeightScale; }
+    double getShadowVolumeHeightScale() const noexcept { return shadowVolumeHeightScale_; }
     /** @brief Sets the shadow volume's height scale; NaN is ignored, a negative scale becomes 0. */
     void setShadowVolumeHeightScale(double scale) noexcept;
 
@@ -56,7 +66,10 @@ public:
     void describe(FieldList& fields, const TimePoint& time) const override;
 
 private:
-    Fields fields_;
+    // Shared and never changed in place, so that outlines can read its rings.
+    std::shared_ptr<const PolygonHierarchy> hierarchy_;
+    double shadowVolumeHeightScale_ = 1.0;
+    bool perPositionHeight_ = false;
 };
 
 } // namespace keo

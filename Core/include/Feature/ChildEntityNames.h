@@ -67,14 +67,23 @@ inline constexpr std::string_view EXTRUSION_ROOF = "extrusion-roof-symbol";
 /** @brief The outline of an extruded polygon's roof. */
 inline constexpr std::string_view EXTRUSION_ROOF_OUTLINE = "extrusion-roof-outline-symbol";
 
+/** @brief @p prefix followed by @p index in decimal, made at its final size. */
+inline std::string numbered(std::string_view prefix, std::size_t index) {
+    const std::string number = std::to_string(index);
+    std::string name;
+    name.reserve(prefix.size() + number.size());
+    name.append(prefix).append(number);
+    return name;
+}
+
 /** @brief The name of the length label of segment @p index (0 for the first segment). */
 inline std::string lengthLabelSegment(std::size_t index) {
-    return std::string(LENGTH_LABEL_SEGMENT_PREFIX) + std::to_string(index);
+    return numbered(LENGTH_LABEL_SEGMENT_PREFIX, index);
 }
 
 /** @brief The name of the outline of hole @p index (0 for the first hole). */
 inline std::string outlineHole(std::size_t index) {
-    return std::string(OUTLINE_HOLE_PREFIX) + std::to_string(index);
+    return numbered(OUTLINE_HOLE_PREFIX, index);
 }
 
 } // namespace keo::Feature::ChildEntityName

@@ -18,19 +18,25 @@ PolygonGraphics::PolygonGraphics(const ConstructorOptions& options)
 
 PolygonGraphics::~PolygonGraphics() = default;
 
-void PolygonGraphics::setHierarchy(PolygonHierarchy hierarchy) noexcept {
-    fields_.hierarchy = std::move(hierarchy);
+void PolygonGraphics::setHierarchy(PolygonHierarchy hierarchy) {
+    // Every empty polygon shares one empty hierarchy: a default polygon allocates nothing for it.
+    static const auto EMPTY = std::make_shared<const PolygonHierarchy>();
+    if (hierarchy.positions.empty() && hierarchy.holes.empty()) {
+        hierarchy_ = EMPTY;
+    } else {
+        hierarchy_ = std::make_shared<const PolygonHierarchy>(std::move(hierarchy));
+    }
 }
 
 void PolygonGraphics::setShadowVolumeHeightScale(double scale) noexcept {
-    detail::assignNonNegative(fields_.shadowVolumeHeightScale, scale);
+    detail::assignNonNegative(shadowVolumeHeightScale_, scale);
 }
 
 void PolygonGraphics::describe(FieldList& fields, const TimePoint& time) const {
     GroundGeometryGraphics::describe(fields, time);
-    detail::addField(fields, "hierarchy", fields_.hierarchy);
-    detail::addField(fields, "perPositionHeight", fields_.perPositionHeight);
-    detail::addField(fields, "shadowVolumeHeightScale", fields_.shadowVolumeHeightScale);
+    detail::addField(fields, "hierarchy", *hierarchy_);
+    detail::addField(fields, "perPositionHeight", perPositionHeight_);
+    detail::addField(fields, "shadowVolumeHeightScale", shadowVolumeHeightScale_);
 }
 
 } // namespace keo

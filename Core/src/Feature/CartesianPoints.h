@@ -3,13 +3,18 @@
 #include "Common/Cartographic.h"
 #include "Common/Vector3.h"
 
+#include <cstddef>
 #include <optional>
 #include <vector>
 
 namespace keo::Feature::detail {
 
-/** @brief @p positions as Cartesian points (ECEF metres) on WGS84, one per position, in order. */
-std::vector<Vector3<double>> toCartesian(const std::vector<Cartographic>& positions);
+/**
+ * @brief @p positions as Cartesian points (ECEF metres) on WGS84, one per position, in order, in a
+ * list with room for @p spare more (a closing point, say).
+ */
+std::vector<Vector3<double>> toCartesian(const std::vector<Cartographic>& positions,
+                                         std::size_t spare = 0);
 
 /**
  * @brief The Cartesian points of a line's or a ring's vertices, converted at most once per

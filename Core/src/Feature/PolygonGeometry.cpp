@@ -5,6 +5,7 @@
 #include "ChildEntity.h"
 #include "Common/Ellipsoid.h"
 #include "Common/Math.h"
+#include "Data/ClosedRingPositionArrayProperty.h"
 #include "Data/ColorMaterialProperty.h"
 #include "Data/Entity.h"
 #include "Data/PolygonGraphics.h"
@@ -48,6 +49,8 @@ using ChildEntityName::OUTLINE;
 using ChildEntityName::OUTLINE_HOLE_PREFIX;
 
 constexpr const char* TOO_FEW_VERTICES = "折线的顶点数量不能少于3个。";
+// Room made at once for the crossings of the label's parallel with a ring.
+constexpr std::size_t CROSSINGS_EXPECTED = 8;
 // Two vertices are the same within this (a single-precision 1e-10, widened).
 constexpr double SAME_VERTEX_EPSILON = static_cast<double>(1e-10f);
 // The height reference drawn without a style: clamped to the terrain.
@@ -120,6 +123,15 @@ std::vector<Vector3<double>> closed(const std::vector<Vector3<double>>& points) 
     return ring;
 }
 
+// The closed ring @p ring of the hierarchy @p held as a line's positions: read from the polygon's
+// own list, which the line then keeps alive, instead of a copy.
+std::shared_ptr<PositionArrayProperty>
+closedRingOf(const std::shared_ptr<const PolygonHierarchy>& held,
+             const std::vector<Vector3<double>>& ring) {
+    return std::make_shared<ClosedRingPositionArrayProperty>(
+        std::shared_ptr<const std::vector<Vector3<double>>>(held, &ring));
+}
+
 // ---- the label point ------------------------------------------------------------------------
 
 // The ring as pairs of longitude and latitude in degrees, longitudes continuous along the ring,
@@ -163,6 +175,8 @@ FlatRing flatten(const std::vector<Cartographic>& ring) {
 // edge on the parallel gives a NaN, sorted last).
 std::vector<double> crossings(const std::vector<double>& flat, double latitude) {
     std::vector<double> found;
+    // A parallel through the middle of most rings crosses them twice, or a few times more.
+    found.reserve(CROSSINGS_EXPECTED);
     const std::size_t n = flat.size();
     double x0 = flat[n - 2];
     double y0 = flat[n - 1];
@@ -210,15 +224,20 @@ struct Drawing {
     const Feature& feature() const noexcept { return context.feature; }
 };
 
-// The outer ring in Cartesian points: those of the area graphics when the root has them (the
-// geometry step of this update set them), else converted.
-std::vector<Vector3<double>> outerRing(Drawing& drawing) {
+// The outer ring in Cartesian points, closed: from those of the area graphics when the root has
+// them (the geometry step of this update set them), else converted.
+std::vector<Vector3<double>> closedOuterRing(Drawing& drawing) {
     if (const auto* area = graphicsOf<PolygonGraphics>(drawing.entity)) {
         if (area->getHierarchy().positions.size() == drawing.hierarchy.positions.size()) {
-            return area->getHierarchy().positions;
+            return closed(area->getHierarchy().positions);
         }
     }
-    return PolygonGeometry::_toCartesianRing(drawing.hierarchy.positions);
+    // Converted with room for the closing point, so that the list is made once.
+    std::vector<Vector3<double>> ring = detail::toCartesian(drawing.hierarchy.positions, 1);
+    if (!ring.empty()) {
+        ring.push_back(ring.front());
+    }
+    return ring;
 }
 
 // @p symbol as a polygon symbol when it is present, shown and one; otherwise the children
@@ -245,10 +264,12 @@ void drawWall(Drawing& drawing, const ExtrusionSymbol& extrusion, double height)
         detail::findOrCreateChild(drawing.entity, EXTRUSION_WALL, drawing.feature(), &created);
     auto& wall = detail::ensureGraphics<WallGraphics>(*child);
     if (created) {
-        wall.setPositions(closed(outerRing(drawing)));
+        wall.setPositions(closedOuterRing(drawing));
     }
     std::vector<double> minimum;
     std::vector<double> maximum;
+    minimum.reserve(drawing.hierarchy.positions.size() + 1);
+    maximum.reserve(drawing.hierarchy.positions.size() + 1);
     for (const Cartographic& vertex : drawing.hierarchy.positions) {
         // Any reference but relative extrudes to the height as an absolute one.
         const double top =
@@ -265,7 +286,8 @@ void drawWall(Drawing& drawing, const ExtrusionSymbol& extrusion, double height)
     body->_fillWall(wall, drawing.context);
 }
 
-void drawRoofOutline(Drawing& drawing, const PolygonSymbol& tail, const PolygonHierarchy& roof) {
+void drawRoofOutline(Drawing& drawing, const PolygonSymbol& tail,
+                     const std::shared_ptr<const PolygonHierarchy>& roof) {
     const auto& outline = tail.getOutLineSymbol();
     if (outline == nullptr || !outline->isEnabled()) {
         detail::removeChild(drawing.entity, EXTRUSION_ROOF_OUTLINE, drawing.feature());
@@ -274,7 +296,7 @@ void drawRoofOutline(Drawing& drawing, const PolygonSymbol& tail, const PolygonH
     const auto child =
         detail::findOrCreateChild(drawing.entity, EXTRUSION_ROOF_OUTLINE, drawing.feature());
     auto& line = detail::ensureGraphics<PolylineGraphics>(*child);
-    line.setPositions(closed(roof.positions));
+    line.setPositions(closedRingOf(roof, roof->positions));
     outline->_fill(line, drawing.context);
 }
 
@@ -291,9 +313,8 @@ void drawRoof(Drawing& drawing, const ExtrusionSymbol& extrusion, double height)
         vertex.height = detail::extrusionTop(vertex.height, height, extrusion.getHeightReference())
                             .value_or(vertex.height);
     }
-    PolygonHierarchy top(PolygonGeometry::_toCartesianRing(raised));
-    drawRoofOutline(drawing, *tail, top);
-    roof.setHierarchy(std::move(top));
+    roof.setHierarchy(PolygonHierarchy(PolygonGeometry::_toCartesianRing(raised)));
+    drawRoofOutline(drawing, *tail, roof.getSharedHierarchy());
     roof.setPerPositionHeight(true);
     tail->_fill(roof, drawing.context);
 }
@@ -321,10 +342,11 @@ void collectHoles(const PolygonHierarchy& hierarchy, std::vector<const PolygonHi
 }
 
 // One outline per hole, in the outline's width and colour.
-void drawHoleOutlines(Drawing& drawing, const LineSymbol* outline, const PolygonHierarchy& area) {
+void drawHoleOutlines(Drawing& drawing, const LineSymbol* outline,
+                      const std::shared_ptr<const PolygonHierarchy>& area) {
     std::vector<const PolygonHierarchy*> holes;
     if (outline != nullptr) {
-        collectHoles(area, holes);
+        collectHoles(*area, holes);
     }
     removeChildrenNamed(drawing.entity, OUTLINE_HOLE_PREFIX, drawing.feature(),
                         [&holes](std::string_view name) {
@@ -340,7 +362,7 @@ void drawHoleOutlines(Drawing& drawing, const LineSymbol* outline, const Polygon
         const auto child = detail::findOrCreateChild(
             drawing.entity, ChildEntityName::outlineHole(i), drawing.feature());
         auto& line = detail::ensureGraphics<PolylineGraphics>(*child);
-        line.setPositions(closed(holes[i]->positions));
+        line.setPositions(closedRingOf(area, holes[i]->positions));
         line.setWidth(outline->getWidth());
         const Color color = outline->_getSolidColor().value_or(HOLE_OUTLINE_COLOR);
         line.setMaterial(
@@ -349,7 +371,8 @@ void drawHoleOutlines(Drawing& drawing, const LineSymbol* outline, const Polygon
     }
 }
 
-void drawOutlines(Drawing& drawing, const PolygonSymbol* symbol, const PolygonHierarchy& area) {
+void drawOutlines(Drawing& drawing, const PolygonSymbol* symbol,
+                  const std::shared_ptr<const PolygonHierarchy>& area) {
     const LineSymbol* outline =
         symbol != nullptr && symbol->isEnabled() ? symbol->getOutLineSymbol() : nullptr;
     if (outline != nullptr && !outline->isEnabled()) {
@@ -360,7 +383,7 @@ void drawOutlines(Drawing& drawing, const PolygonSymbol* symbol, const PolygonHi
     } else {
         const auto child = detail::findOrCreateChild(drawing.entity, OUTLINE, drawing.feature());
         auto& line = detail::ensureGraphics<PolylineGraphics>(*child);
-        line.setPositions(closed(area.positions));
+        line.setPositions(closedRingOf(area, area->positions));
         outline->_fill(line, drawing.context);
     }
     drawHoleOutlines(drawing, outline, area);
@@ -377,7 +400,7 @@ void drawArea(Drawing& drawing, const PolygonSymbol* symbol) {
     } else {
         area.setDistanceDisplayCondition(drawing.context.distanceDisplayCondition);
     }
-    drawOutlines(drawing, symbol, area.getHierarchy());
+    drawOutlines(drawing, symbol, area.getSharedHierarchy());
 }
 
 // The edge labels of the outer ring from the polygon symbol's length labels.

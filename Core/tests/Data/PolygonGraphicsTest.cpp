@@ -35,6 +35,28 @@ TEST(PolygonGraphicsTest, HierarchyWithHolesReadsBackAsSet) {
     EXPECT_EQ(graphics.getHierarchy().holes[0].positions.size(), 3u);
 }
 
+TEST(PolygonGraphicsTest, TheSharedHierarchyIsTheOneReadAndANewOneReplacesIt) {
+    PolygonGraphics graphics;
+    ASSERT_NE(graphics.getSharedHierarchy(), nullptr);
+    EXPECT_EQ(graphics.getSharedHierarchy().get(), &graphics.getHierarchy());
+    graphics.setHierarchy(squareWithHole());
+    const auto first = graphics.getSharedHierarchy();
+    EXPECT_EQ(first.get(), &graphics.getHierarchy());
+    EXPECT_EQ(*first, squareWithHole());
+    // Set again, even to an equal hierarchy, it is a new one: the first is left as it was.
+    graphics.setHierarchy(squareWithHole());
+    EXPECT_NE(graphics.getSharedHierarchy(), first);
+    EXPECT_EQ(*first, squareWithHole());
+}
+
+TEST(PolygonGraphicsTest, EmptyPolygonsShareOneEmptyHierarchy) {
+    PolygonGraphics graphics;
+    graphics.setHierarchy(squareWithHole());
+    graphics.setHierarchy(PolygonHierarchy());
+    EXPECT_EQ(graphics.getSharedHierarchy(), PolygonGraphics().getSharedHierarchy());
+    EXPECT_TRUE(graphics.getHierarchy().positions.empty());
+}
+
 TEST(PolygonGraphicsTest, SwitchesReadBackAsSet) {
     PolygonGraphics graphics;
     graphics.setPerPositionHeight(true);

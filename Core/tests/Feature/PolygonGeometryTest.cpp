@@ -4,6 +4,7 @@
 #include "Common/Color.h"
 #include "Common/Ellipsoid.h"
 #include "Common/Math.h"
+#include "Data/ClosedRingPositionArrayProperty.h"
 #include "Data/ColorMaterialProperty.h"
 #include "Data/Entity.h"
 #include "Data/ImageMaterialProperty.h"
@@ -499,6 +500,36 @@ TEST(PolygonGeometryTest, TheOutlineClosesTheOuterRingAndEachHoleGetsAColourOutl
     EXPECT_EQ(hole->getMaterial()->getType(), keo::ColorMaterialProperty::TYPE);
     EXPECT_EQ(hole->getMaterial()->getColor(), Color::RED);
     EXPECT_EQ(hole->getPositions()->getValues(keo::TimePoint()).size(), 5u);
+}
+
+TEST(PolygonGeometryTest, OutlinesReadTheRingsOfTheAreaInsteadOfCopiesAndFollowAnEdit) {
+    PolygonScene scene;
+    auto symbol = fillOf(Color::GREEN);
+    symbol->setOutLineSymbol(lineOf(Color::RED, 3.0f));
+    scene.style.setPolygonSymbol(symbol);
+    ASSERT_TRUE(scene.updateBoth());
+    const auto ringOf = [&scene](const std::string& name) {
+        const auto* line = graphicsOf<PolylineGraphics>(*scene.child(name));
+        const auto* closed =
+            dynamic_cast<const keo::ClosedRingPositionArrayProperty*>(line->getPositions().get());
+        return closed != nullptr ? closed->getRing().get() : nullptr;
+    };
+    const auto& area = graphicsOf<PolygonGraphics>(*scene.root)->getHierarchy();
+    EXPECT_EQ(ringOf(OUTLINE), &area.positions);
+    EXPECT_EQ(ringOf("outline-hole-symbol-0"), &area.holes.at(0).positions);
+    // A moved vertex gives the area a new hierarchy, and the outline reads the new one.
+    auto hierarchy = scene.geometry.getHierarchy();
+    hierarchy.positions[0].height += 100.0;
+    scene.geometry.setHierarchy(hierarchy);
+    ASSERT_TRUE(scene.updateBoth());
+    const auto& moved = graphicsOf<PolygonGraphics>(*scene.root)->getHierarchy();
+    EXPECT_EQ(ringOf(OUTLINE), &moved.positions);
+    const auto points = graphicsOf<PolylineGraphics>(*scene.child(OUTLINE))
+                            ->getPositions()
+                            ->getValues(keo::TimePoint());
+    ASSERT_EQ(points.size(), moved.positions.size() + 1);
+    EXPECT_EQ(points.front(), moved.positions.front());
+    EXPECT_EQ(points.back(), moved.positions.front());
 }
 
 TEST(PolygonGeometryTest, PunchingASecondHoleAddsItsOutlineAndFillingOneRemovesIt) {
