@@ -54,6 +54,7 @@ using keo::Feature::test::CapturedLog;
 using keo::Feature::test::cartesian;
 using keo::Feature::test::EventRecorder;
 using keo::Feature::test::expectAssignKindLogged;
+using keo::Feature::test::GeometryScene;
 using keo::Feature::test::graphicsOf;
 using keo::Feature::test::positionOf;
 using keo::Feature::test::RendererModel;
@@ -64,28 +65,14 @@ constexpr const char* INVALID_AXES = "椭圆半轴长不能为0.0。";
 
 const Cartographic CENTRE = Cartographic::fromDegrees(121.47, 31.23, 12.0);
 
-struct EllipseScene {
-    EllipseScene() {
-        feature.setName("search area");
+struct EllipseScene : GeometryScene<EllipseGeometry, EllipseStyle> {
+    EllipseScene()
+        : GeometryScene("search area", CENTRE, 800.0, 500.0) {
         style.setEllipseSymbol(
             std::make_shared<EllipseSymbol>(std::make_shared<ColorMaterial>(Color::YELLOW)));
     }
 
-    bool updateGeometry() { return geometry._updateGeometry(*root, &style); }
-    bool updateStyle() { return geometry._updateStyle(*root, feature, &style); }
-    bool updateBoth() {
-        const bool ok = updateGeometry();
-        return updateStyle() && ok;
-    }
     const EllipseGraphics* ellipse() const { return graphicsOf<EllipseGraphics>(*root); }
-    std::shared_ptr<Entity> child(const std::string& name) const {
-        return root->getChildByName(name);
-    }
-
-    std::shared_ptr<Entity> root = std::make_shared<Entity>();
-    Feature feature{std::uint64_t{1}};
-    EllipseGeometry geometry{CENTRE, 800.0, 500.0};
-    EllipseStyle style;
 };
 
 // --- data, setters, copy and assign ------------------------------------------------------------

@@ -1,7 +1,8 @@
 #pragma once
 
 // What the geometry tests read off the entities a feature builds: Cartesian points, a child's
-// graphics of one kind, the children's names, an entity's position.
+// graphics of one kind, the children's names, an entity's position; and the scene they build
+// them in.
 
 #include "Common/Cartographic.h"
 #include "Common/Ellipsoid.h"
@@ -10,10 +11,14 @@
 #include "Data/GeometryGraphics.h"
 #include "Data/PositionProperty.h"
 #include "Data/TimePoint.h"
+#include "Feature/Feature.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace keo::Feature::test {
@@ -55,5 +60,35 @@ inline bool hasChild(const Entity& entity, const std::string& name) {
 inline std::optional<Vector3<double>> positionOf(const Entity& entity) {
     return entity.getPosition() ? entity.getPosition()->getValue(TimePoint()) : std::nullopt;
 }
+
+/**
+ * @brief A geometry, a named feature and a root entity, updated step by step as the feature
+ * updates them.
+ */
+template <typename GeometryType, typename StyleType>
+struct GeometryScene {
+    /** @brief The feature named @p name; the geometry made from @p geometryArguments. */
+    template <typename... Arguments>
+    explicit GeometryScene(const std::string& name, Arguments&&... geometryArguments)
+        : geometry(std::forward<Arguments>(geometryArguments)...) {
+        feature.setName(name);
+    }
+
+    bool updateGeometry() { return geometry._updateGeometry(*root, &style); }
+    bool updateStyle() { return geometry._updateStyle(*root, feature, &style); }
+    /** @brief Both steps, as a feature runs them; true if both succeed. */
+    bool updateBoth() {
+        const bool ok = updateGeometry();
+        return updateStyle() && ok;
+    }
+    std::shared_ptr<Entity> child(const std::string& name) const {
+        return root->getChildByName(name);
+    }
+
+    std::shared_ptr<Entity> root = std::make_shared<Entity>();
+    Feature feature{std::uint64_t{1}};
+    GeometryType geometry;
+    StyleType style;
+};
 
 } // namespace keo::Feature::test

@@ -71,6 +71,7 @@ using keo::Feature::test::CapturedLog;
 using keo::Feature::test::cartesian;
 using keo::Feature::test::EventRecorder;
 using keo::Feature::test::expectAssignKindLogged;
+using keo::Feature::test::GeometryScene;
 using keo::Feature::test::graphicsOf;
 using keo::Feature::test::hasChild;
 using keo::Feature::test::RendererModel;
@@ -126,23 +127,9 @@ std::shared_ptr<PolygonSymbol> fillOf(const Color& color) {
     return std::make_shared<PolygonSymbol>(std::make_shared<ColorMaterial>(color));
 }
 
-struct PolygonScene {
-    PolygonScene() { feature.setName("park"); }
-
-    bool updateGeometry() { return geometry._updateGeometry(*root, &style); }
-    bool updateStyle() { return geometry._updateStyle(*root, feature, &style); }
-    bool updateBoth() {
-        const bool ok = updateGeometry();
-        return updateStyle() && ok;
-    }
-    std::shared_ptr<Entity> child(const std::string& name) const {
-        return root->getChildByName(name);
-    }
-
-    std::shared_ptr<Entity> root = std::make_shared<Entity>();
-    Feature feature{std::uint64_t{1}};
-    PolygonGeometry geometry{park()};
-    PolygonStyle style;
+struct PolygonScene : GeometryScene<PolygonGeometry, PolygonStyle> {
+    PolygonScene()
+        : GeometryScene("park", park()) {}
 };
 
 // --- data, setters, copy and assign ------------------------------------------------------------

@@ -71,6 +71,7 @@ using keo::Feature::test::cartesian;
 using keo::Feature::test::childNames;
 using keo::Feature::test::EventRecorder;
 using keo::Feature::test::expectAssignKindLogged;
+using keo::Feature::test::GeometryScene;
 using keo::Feature::test::graphicsOf;
 using keo::Feature::test::hasChild;
 using keo::Feature::test::RendererModel;
@@ -101,23 +102,9 @@ std::shared_ptr<LineSymbol> dashedLine() {
 }
 
 // A geometry, a feature and a root entity, updated as the feature does.
-struct LineScene {
-    LineScene() { feature.setName("road"); }
-
-    bool updateGeometry() { return geometry._updateGeometry(*root, &style); }
-    bool updateStyle() { return geometry._updateStyle(*root, feature, &style); }
-    bool updateBoth() {
-        const bool ok = updateGeometry();
-        return updateStyle() && ok;
-    }
-    std::shared_ptr<Entity> child(const std::string& name) const {
-        return root->getChildByName(name);
-    }
-
-    std::shared_ptr<Entity> root = std::make_shared<Entity>();
-    Feature feature{std::uint64_t{1}};
-    PolylineGeometry geometry{lineOf(5)};
-    PolylineStyle style;
+struct LineScene : GeometryScene<PolylineGeometry, PolylineStyle> {
+    LineScene()
+        : GeometryScene("road", lineOf(5)) {}
 };
 
 // --- data, setters, copy and assign ------------------------------------------------------------

@@ -60,6 +60,7 @@ using keo::Feature::RectangleGeometry;
 using keo::Feature::test::CapturedLog;
 using keo::Feature::test::EventRecorder;
 using keo::Feature::test::expectAssignKindLogged;
+using keo::Feature::test::GeometryScene;
 using keo::Feature::test::graphicsOf;
 using keo::Feature::test::positionOf;
 using keo::Feature::test::RendererModel;
@@ -97,27 +98,13 @@ std::shared_ptr<ExtrusionSymbol> extrusionOf(double height) {
     return extrusion;
 }
 
-struct RectangleScene {
-    RectangleScene() {
-        feature.setName("stadium");
+struct RectangleScene : GeometryScene<RectangleGeometry, PolygonStyle> {
+    RectangleScene()
+        : GeometryScene("stadium", stadium()) {
         style.setPolygonSymbol(fillOf(Color::GREEN));
     }
 
-    bool updateGeometry() { return geometry._updateGeometry(*root, &style); }
-    bool updateStyle() { return geometry._updateStyle(*root, feature, &style); }
-    bool updateBoth() {
-        const bool ok = updateGeometry();
-        return updateStyle() && ok;
-    }
-    std::shared_ptr<Entity> child(const std::string& name) const {
-        return root->getChildByName(name);
-    }
     const RectangleGraphics* rectangle() const { return graphicsOf<RectangleGraphics>(*root); }
-
-    std::shared_ptr<Entity> root = std::make_shared<Entity>();
-    Feature feature{std::uint64_t{1}};
-    RectangleGeometry geometry{stadium()};
-    PolygonStyle style;
 };
 
 // --- data, setters, copy and assign ------------------------------------------------------------
