@@ -2,6 +2,7 @@
 
 #include "Data/DataExport.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -75,6 +76,11 @@ public:
      * true.
      */
     bool setParent(const std::shared_ptr<Entity>& parent);
+    /**
+     * @brief Makes room for @p count children in all, so that a parent that knows how many it
+     * will hold grows its list once; the children themselves are unchanged.
+     */
+    void reserveChildren(std::size_t count) { children_.reserve(count); }
     /** @brief The children in order. */
     const std::vector<std::shared_ptr<Entity>>& getChildren() const noexcept { return children_; }
     /** @brief The first direct child named @p name, or null when there is none. */

@@ -51,6 +51,11 @@ public:
      * positions encloses nothing).
      */
     void setHierarchy(PolygonHierarchy hierarchy);
+    /**
+     * @brief Shares @p hierarchy, which its holders must never change in place (null sets the
+     * empty hierarchy): whoever converted the rings once can hand them to several graphics.
+     */
+    void setHierarchy(std::shared_ptr<const PolygonHierarchy> hierarchy);
     /** @brief Whether vertices keep their own heights (default false). */
     bool isPerPositionHeight() const noexcept { return perPositionHeight_; }
     /** @brief Lets vertices keep their own heights, or not. */

@@ -18,13 +18,33 @@ PolygonGraphics::PolygonGraphics(const ConstructorOptions& options)
 
 PolygonGraphics::~PolygonGraphics() = default;
 
-void PolygonGraphics::setHierarchy(PolygonHierarchy hierarchy) {
-    // Every empty polygon shares one empty hierarchy: a default polygon allocates nothing for it.
+namespace {
+
+bool isEmpty(const PolygonHierarchy& hierarchy) noexcept {
+    return hierarchy.positions.empty() && hierarchy.holes.empty();
+}
+
+// Every empty polygon shares one empty hierarchy: a default polygon allocates nothing for it.
+const std::shared_ptr<const PolygonHierarchy>& emptyHierarchy() {
     static const auto EMPTY = std::make_shared<const PolygonHierarchy>();
-    if (hierarchy.positions.empty() && hierarchy.holes.empty()) {
-        hierarchy_ = EMPTY;
+    return EMPTY;
+}
+
+} // namespace
+
+void PolygonGraphics::setHierarchy(PolygonHierarchy hierarchy) {
+    if (isEmpty(hierarchy)) {
+        hierarchy_ = emptyHierarchy();
     } else {
         hierarchy_ = std::make_shared<const PolygonHierarchy>(std::move(hierarchy));
+    }
+}
+
+void PolygonGraphics::setHierarchy(std::shared_ptr<const PolygonHierarchy> hierarchy) {
+    if (hierarchy == nullptr || isEmpty(*hierarchy)) {
+        hierarchy_ = emptyHierarchy();
+    } else {
+        hierarchy_ = std::move(hierarchy);
     }
 }
 

@@ -63,6 +63,23 @@ TEST(EntityTest, SetParentAppendsChildrenInOrder) {
     EXPECT_EQ(a->getParent(), root.get());
 }
 
+TEST(EntityTest, ReservingChildrenMakesRoomOnceAndKeepsTheChildren) {
+    const auto root = makeEntity("root");
+    const auto a = makeEntity("a");
+    ASSERT_TRUE(a->setParent(root));
+    root->reserveChildren(3);
+    const auto* const storage = root->getChildren().data();
+    const auto b = makeEntity("b");
+    const auto c = makeEntity("c");
+    ASSERT_TRUE(b->setParent(root));
+    ASSERT_TRUE(c->setParent(root));
+    // The list grew into the room made: no entity was moved to a new list.
+    EXPECT_EQ(root->getChildren().data(), storage);
+    EXPECT_EQ(childNames(*root), (std::vector<std::string>{"a", "b", "c"}));
+    root->reserveChildren(1);
+    EXPECT_EQ(childNames(*root), (std::vector<std::string>{"a", "b", "c"}));
+}
+
 TEST(EntityTest, ReparentingMovesTheChildFromTheOldParentToTheEndOfTheNew) {
     const auto first = makeEntity("first");
     const auto second = makeEntity("second");

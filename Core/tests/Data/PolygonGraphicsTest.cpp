@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <memory>
 
 namespace {
 
@@ -55,6 +56,25 @@ TEST(PolygonGraphicsTest, EmptyPolygonsShareOneEmptyHierarchy) {
     graphics.setHierarchy(PolygonHierarchy());
     EXPECT_EQ(graphics.getSharedHierarchy(), PolygonGraphics().getSharedHierarchy());
     EXPECT_TRUE(graphics.getHierarchy().positions.empty());
+}
+
+TEST(PolygonGraphicsTest, AHierarchyHandedInSharedIsHeldItselfAndNullOrEmptyIsTheEmptyOne) {
+    const auto shared = std::make_shared<const PolygonHierarchy>(squareWithHole());
+    PolygonGraphics first;
+    PolygonGraphics second;
+    first.setHierarchy(shared);
+    second.setHierarchy(shared);
+    EXPECT_EQ(first.getSharedHierarchy(), shared);
+    EXPECT_EQ(second.getSharedHierarchy(), shared);
+    EXPECT_EQ(first.getHierarchy(), squareWithHole());
+
+    const auto empty = PolygonGraphics().getSharedHierarchy();
+    first.setHierarchy(std::shared_ptr<const PolygonHierarchy>());
+    EXPECT_EQ(first.getSharedHierarchy(), empty);
+    second.setHierarchy(std::make_shared<const PolygonHierarchy>());
+    EXPECT_EQ(second.getSharedHierarchy(), empty);
+    // The shared hierarchy itself is left as it was.
+    EXPECT_EQ(*shared, squareWithHole());
 }
 
 TEST(PolygonGraphicsTest, SwitchesReadBackAsSet) {
