@@ -160,7 +160,12 @@ public:
                                              HeightReference heightReference) noexcept;
 
 private:
+    // The hierarchy in Cartesian points, converted on first need after each edit and shared with
+    // the area graphics drawn from it (never changed in place).
+    const std::shared_ptr<const PolygonHierarchy>& cartesianHierarchy() const;
+
     Hierarchy hierarchy_;
+    mutable std::shared_ptr<const PolygonHierarchy> cartesian_;
     double shadowVolumeHeightScale_ = 1.0;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Common/Cartographic.h"
+#include "Common/Ellipsoid.h"
 #include "Common/Vector3.h"
 
 #include <cstddef>
@@ -15,6 +16,22 @@ namespace keo::Feature::detail {
  */
 std::vector<Vector3<double>> toCartesian(const std::vector<Cartographic>& positions,
                                          std::size_t spare = 0);
+
+/**
+ * @brief @p positions as Cartesian points (ECEF metres) on WGS84, each at the height
+ * @p heightOf(position) instead of its own: a raised copy without copying the positions first.
+ */
+template <typename HeightOf>
+std::vector<Vector3<double>> toCartesianAt(const std::vector<Cartographic>& positions,
+                                           HeightOf&& heightOf) {
+    std::vector<Vector3<double>> points;
+    points.reserve(positions.size());
+    for (const Cartographic& position : positions) {
+        points.push_back(Ellipsoid::WGS84.cartographicToCartesian(
+            Cartographic(position.longitude, position.latitude, heightOf(position))));
+    }
+    return points;
+}
 
 /**
  * @brief The Cartesian points of a line's or a ring's vertices, converted at most once per

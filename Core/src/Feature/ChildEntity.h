@@ -5,6 +5,7 @@
 #include "Feature/Feature.h"
 
 #include <memory>
+#include <string>
 #include <string_view>
 
 namespace keo::Feature::detail {
@@ -14,6 +15,9 @@ namespace keo::Feature::detail {
  * @p parent, named, and reported to @p feature as added (then @p created, if given, is set).
  */
 std::shared_ptr<Entity> findOrCreateChild(Entity& parent, std::string_view name,
+                                          const Feature& feature, bool* created = nullptr);
+/** @brief As above, for a name made on the spot: a new child takes it over instead of a copy. */
+std::shared_ptr<Entity> findOrCreateChild(Entity& parent, std::string&& name,
                                           const Feature& feature, bool* created = nullptr);
 
 /**

@@ -18,6 +18,9 @@ namespace keo::Feature {
 namespace {
 
 constexpr std::size_t INITIAL_ATTRIBUTE_BUCKETS = 8;
+// Room made in a feature's own list of added entities when it starts recording: enough for the
+// entities of most features' first update.
+constexpr std::size_t ADDED_ENTITIES_EXPECTED = 8;
 
 // The geometry kinds a style kind can draw: point with point, polyline with polyline, polygon
 // and rectangle with polygon. Ellipse and multi geometries have no row and always mismatch.
@@ -446,7 +449,13 @@ Feature::EntityLists& Feature::entityLists() const {
 void Feature::_addEntity(const std::shared_ptr<Entity>& entity) const {
     const Lock lock(lock_);
     entity->_setAsynchronous(asynchronous_);
-    entityLists().added->push_back(entity);
+    std::vector<std::shared_ptr<Entity>>& added = *entityLists().added;
+    if (added.capacity() == 0) {
+        // A first update adds a root and a few children: the list is made once, not grown
+        // through one size after another.
+        added.reserve(ADDED_ENTITIES_EXPECTED);
+    }
+    added.push_back(entity);
 }
 
 void Feature::_removeEntity(const std::shared_ptr<Entity>& entity) const {

@@ -51,6 +51,8 @@ using ChildEntityName::OUTLINE_HOLE_PREFIX;
 constexpr const char* TOO_FEW_VERTICES = "折线的顶点数量不能少于3个。";
 // Room made at once for the crossings of the label's parallel with a ring.
 constexpr std::size_t CROSSINGS_EXPECTED = 8;
+// The most entries a label point's scratch list keeps between two polygons (512 KiB of them).
+constexpr std::size_t SCRATCH_KEPT = std::size_t{1} << 16;
 // Two vertices are the same within this (a single-precision 1e-10, widened).
 constexpr double SAME_VERTEX_EPSILON = static_cast<double>(1e-10f);
 // The height reference drawn without a style: clamped to the terrain.
@@ -134,10 +136,38 @@ closedRingOf(const std::shared_ptr<const PolygonHierarchy>& held,
 
 // ---- the label point ------------------------------------------------------------------------
 
+// The lists a label point is worked out in, kept per thread: a label point is computed for every
+// polygon drawn, and making and freeing two lists each time cost as much as the scan itself. A
+// list that a very long ring grew past SCRATCH_KEPT entries is let go afterwards.
+struct LabelScratch {
+    std::vector<double> coordinates;
+    std::vector<double> crossings;
+
+    LabelScratch() = default;
+    LabelScratch(const LabelScratch&) = delete;
+    LabelScratch& operator=(const LabelScratch&) = delete;
+    ~LabelScratch() = default;
+
+    static LabelScratch& ofThisThread() {
+        thread_local LabelScratch scratch;
+        return scratch;
+    }
+
+    // Empties the lists, letting go of one grown too large.
+    void release() noexcept {
+        for (std::vector<double>* list : {&coordinates, &crossings}) {
+            if (list->capacity() > SCRATCH_KEPT) {
+                std::vector<double>().swap(*list);
+            }
+            list->clear();
+        }
+    }
+};
+
 // The ring as pairs of longitude and latitude in degrees, longitudes continuous along the ring,
 // with the extent and the highest vertex.
 struct FlatRing {
-    std::vector<double> coordinates;
+    std::vector<double>& coordinates;
     double west = std::numeric_limits<double>::infinity();
     double east = -std::numeric_limits<double>::infinity();
     double south = std::numeric_limits<double>::infinity();
@@ -145,9 +175,16 @@ struct FlatRing {
     double highest = -std::numeric_limits<double>::infinity();
 };
 
-FlatRing flatten(const std::vector<Cartographic>& ring) {
-    FlatRing flat;
-    flat.coordinates.reserve(ring.size() * 2);
+FlatRing flatten(const std::vector<Cartographic>& ring, std::vector<double>& coordinates) {
+    coordinates.resize(ring.size() * 2);
+    // Written through a plain pointer and summed in locals, so that the loop keeps its running
+    // values in registers.
+    double* out = coordinates.data();
+    double west = std::numeric_limits<double>::infinity();
+    double east = -std::numeric_limits<double>::infinity();
+    double south = std::numeric_limits<double>::infinity();
+    double north = -std::numeric_limits<double>::infinity();
+    double highest = -std::numeric_limits<double>::infinity();
     double previous = 0.0;
     for (std::size_t i = 0; i < ring.size(); ++i) {
         double longitude = Math::toDegrees(ring[i].longitude.value());
@@ -160,29 +197,31 @@ FlatRing flatten(const std::vector<Cartographic>& ring) {
         }
         previous = longitude;
         const double latitude = Math::toDegrees(ring[i].latitude.value());
-        flat.coordinates.push_back(longitude);
-        flat.coordinates.push_back(latitude);
-        flat.west = std::min(flat.west, longitude);
-        flat.east = std::max(flat.east, longitude);
-        flat.south = std::min(flat.south, latitude);
-        flat.north = std::max(flat.north, latitude);
-        flat.highest = std::max(flat.highest, ring[i].height);
+        out[2 * i] = longitude;
+        out[2 * i + 1] = latitude;
+        west = std::min(west, longitude);
+        east = std::max(east, longitude);
+        south = std::min(south, latitude);
+        north = std::max(north, latitude);
+        highest = std::max(highest, ring[i].height);
     }
-    return flat;
+    return FlatRing{coordinates, west, east, south, north, highest};
 }
 
-// The longitudes at which the ring's edges cross the parallel @p latitude, sorted (a horizontal
-// edge on the parallel gives a NaN, sorted last).
-std::vector<double> crossings(const std::vector<double>& flat, double latitude) {
-    std::vector<double> found;
+// The longitudes at which the ring's edges cross the parallel @p latitude, sorted, into @p found
+// (a horizontal edge on the parallel gives a NaN, sorted last).
+void crossings(const std::vector<double>& flat, double latitude, std::vector<double>& found) {
+    found.clear();
     // A parallel through the middle of most rings crosses them twice, or a few times more.
     found.reserve(CROSSINGS_EXPECTED);
+    // Read through a plain pointer: the list written to may not be assumed apart from it.
+    const double* const points = flat.data();
     const std::size_t n = flat.size();
-    double x0 = flat[n - 2];
-    double y0 = flat[n - 1];
+    double x0 = points[n - 2];
+    double y0 = points[n - 1];
     for (std::size_t i = 0; i < n; i += 2) {
-        const double x1 = flat[i];
-        const double y1 = flat[i + 1];
+        const double x1 = points[i];
+        const double y1 = points[i + 1];
         if ((y0 >= latitude && latitude >= y1) || (latitude >= y0 && y1 >= latitude)) {
             found.push_back((latitude - y0) / (y1 - y0) * (x1 - x0) + x0);
         }
@@ -191,12 +230,11 @@ std::vector<double> crossings(const std::vector<double>& flat, double latitude) 
     }
     std::sort(found.begin(), found.end(),
               [](double a, double b) { return std::isnan(b) ? !std::isnan(a) : a < b; });
-    return found;
 }
 
 // The longitude of the widest span between consecutive crossings whose middle is inside.
-double widestInsideSpan(const FlatRing& flat, double latitude) {
-    const std::vector<double> sorted = crossings(flat.coordinates, latitude);
+double widestInsideSpan(const FlatRing& flat, double latitude, std::vector<double>& sorted) {
+    crossings(flat.coordinates, latitude, sorted);
     double best = std::numeric_limits<double>::quiet_NaN();
     double bestWidth = -std::numeric_limits<double>::infinity();
     for (std::size_t i = 0; i + 1 < sorted.size(); ++i) {
@@ -219,26 +257,12 @@ double widestInsideSpan(const FlatRing& flat, double latitude) {
 struct Drawing {
     Entity& entity;
     const PolygonGeometry::Hierarchy& hierarchy;
+    // The hierarchy in Cartesian points, converted once for the area, its outlines and the wall.
+    const std::shared_ptr<const PolygonHierarchy>& cartesian;
     SymbolContext context;
 
     const Feature& feature() const noexcept { return context.feature; }
 };
-
-// The outer ring in Cartesian points, closed: from those of the area graphics when the root has
-// them (the geometry step of this update set them), else converted.
-std::vector<Vector3<double>> closedOuterRing(Drawing& drawing) {
-    if (const auto* area = graphicsOf<PolygonGraphics>(drawing.entity)) {
-        if (area->getHierarchy().positions.size() == drawing.hierarchy.positions.size()) {
-            return closed(area->getHierarchy().positions);
-        }
-    }
-    // Converted with room for the closing point, so that the list is made once.
-    std::vector<Vector3<double>> ring = detail::toCartesian(drawing.hierarchy.positions, 1);
-    if (!ring.empty()) {
-        ring.push_back(ring.front());
-    }
-    return ring;
-}
 
 // @p symbol as a polygon symbol when it is present, shown and one; otherwise the children
 // @p names are dropped and null given.
@@ -264,7 +288,7 @@ void drawWall(Drawing& drawing, const ExtrusionSymbol& extrusion, double height)
         detail::findOrCreateChild(drawing.entity, EXTRUSION_WALL, drawing.feature(), &created);
     auto& wall = detail::ensureGraphics<WallGraphics>(*child);
     if (created) {
-        wall.setPositions(closedOuterRing(drawing));
+        wall.setPositions(closed(drawing.cartesian->positions));
     }
     std::vector<double> minimum;
     std::vector<double> maximum;
@@ -308,12 +332,11 @@ void drawRoof(Drawing& drawing, const ExtrusionSymbol& extrusion, double height)
     }
     const auto child = detail::findOrCreateChild(drawing.entity, EXTRUSION_ROOF, drawing.feature());
     auto& roof = detail::ensureGraphics<PolygonGraphics>(*child);
-    std::vector<Cartographic> raised = drawing.hierarchy.positions;
-    for (Cartographic& vertex : raised) {
-        vertex.height = detail::extrusionTop(vertex.height, height, extrusion.getHeightReference())
-                            .value_or(vertex.height);
-    }
-    roof.setHierarchy(PolygonHierarchy(PolygonGeometry::_toCartesianRing(raised)));
+    const ExtrusionSymbol::HeightReference reference = extrusion.getHeightReference();
+    roof.setHierarchy(PolygonHierarchy(detail::toCartesianAt(
+        drawing.hierarchy.positions, [height, reference](const Cartographic& vertex) {
+            return detail::extrusionTop(vertex.height, height, reference).value_or(vertex.height);
+        })));
     drawRoofOutline(drawing, *tail, roof.getSharedHierarchy());
     roof.setPerPositionHeight(true);
     tail->_fill(roof, drawing.context);
@@ -333,42 +356,54 @@ void drawExtrusion(Drawing& drawing, const PolygonStyle* style) {
     drawRoof(drawing, *extrusion, height);
 }
 
-// The holes of @p hierarchy, depth first: holes, and holes of holes, in order.
-void collectHoles(const PolygonHierarchy& hierarchy, std::vector<const PolygonHierarchy*>& holes) {
+// Calls @p visit with each hole of @p hierarchy, depth first: holes, and holes of holes, in order.
+template <typename Visit>
+void forEachHole(const PolygonHierarchy& hierarchy, Visit& visit) {
     for (const PolygonHierarchy& hole : hierarchy.holes) {
-        holes.push_back(&hole);
-        collectHoles(hole, holes);
+        visit(hole);
+        forEachHole(hole, visit);
     }
+}
+
+// The number of holes of @p hierarchy, holes of holes included.
+std::size_t countHoles(const PolygonHierarchy& hierarchy) noexcept {
+    std::size_t count = 0;
+    for (const PolygonHierarchy& hole : hierarchy.holes) {
+        count += 1 + countHoles(hole);
+    }
+    return count;
 }
 
 // One outline per hole, in the outline's width and colour.
 void drawHoleOutlines(Drawing& drawing, const LineSymbol* outline,
                       const std::shared_ptr<const PolygonHierarchy>& area) {
-    std::vector<const PolygonHierarchy*> holes;
-    if (outline != nullptr) {
-        collectHoles(*area, holes);
-    }
+    const std::size_t holes = outline != nullptr ? countHoles(*area) : 0;
     removeChildrenNamed(drawing.entity, OUTLINE_HOLE_PREFIX, drawing.feature(),
-                        [&holes](std::string_view name) {
+                        [holes](std::string_view name) {
                             const auto index = name.substr(OUTLINE_HOLE_PREFIX.size());
-                            for (std::size_t i = 0; i < holes.size(); ++i) {
+                            for (std::size_t i = 0; i < holes; ++i) {
                                 if (index == std::to_string(i)) {
                                     return false;
                                 }
                             }
                             return true;
                         });
-    for (std::size_t i = 0; i < holes.size(); ++i) {
+    if (holes == 0) {
+        return;
+    }
+    std::size_t i = 0;
+    auto draw = [&](const PolygonHierarchy& hole) {
         const auto child = detail::findOrCreateChild(
-            drawing.entity, ChildEntityName::outlineHole(i), drawing.feature());
+            drawing.entity, ChildEntityName::outlineHole(i++), drawing.feature());
         auto& line = detail::ensureGraphics<PolylineGraphics>(*child);
-        line.setPositions(closedRingOf(area, holes[i]->positions));
+        line.setPositions(closedRingOf(area, hole.positions));
         line.setWidth(outline->getWidth());
         const Color color = outline->_getSolidColor().value_or(HOLE_OUTLINE_COLOR);
         line.setMaterial(
             std::make_shared<ColorMaterialProperty>(shownColor(color, drawing.context.highlight)));
         line.setDistanceDisplayCondition(drawing.context.distanceDisplayCondition);
-    }
+    };
+    forEachHole(*area, draw);
 }
 
 void drawOutlines(Drawing& drawing, const PolygonSymbol* symbol,
@@ -393,7 +428,7 @@ void drawOutlines(Drawing& drawing, const PolygonSymbol* symbol,
 // without one), hidden while the symbol is hidden; then its outlines.
 void drawArea(Drawing& drawing, const PolygonSymbol* symbol) {
     auto& area = detail::ensureGraphics<PolygonGraphics>(drawing.entity);
-    area.setHierarchy(PolygonGeometry::_toPolygonHierarchy(drawing.hierarchy));
+    area.setHierarchy(drawing.cartesian);
     area.setShow(symbol == nullptr || symbol->isEnabled());
     if (symbol != nullptr) {
         symbol->_fill(area, drawing.context);
@@ -463,6 +498,24 @@ void applyShadowVolumeHeightScale(Entity& entity, double scale) {
     }
 }
 
+// How many children a polygon's first styling pass makes at most: its label, its outline and one
+// per hole, the extrusion's wall, roof and roof outline, and an edge label per edge. The root
+// makes room for them at once instead of growing its list through one size after another.
+std::size_t childrenAtMost(const Drawing& drawing, const Style* style,
+                           const PolygonStyle* polygonStyle, const PolygonSymbol* symbol) {
+    std::size_t count = style != nullptr ? 1 : 0;
+    if (symbol != nullptr && symbol->getOutLineSymbol() != nullptr) {
+        count += 1 + countHoles(*drawing.cartesian);
+    }
+    if (polygonStyle != nullptr && polygonStyle->getExtrusionSymbol() != nullptr) {
+        count += 3;
+    }
+    if (symbol != nullptr && symbol->getLengthLabelSymbol() != nullptr) {
+        count += PolygonGeometry::_countEdges(drawing.hierarchy.positions);
+    }
+    return count;
+}
+
 // Places the label and its hint line at @p point.
 void placeLabel(Entity& entity, const Vector3<double>& point) {
     const auto label = entity.getChildByName(LABEL);
@@ -485,6 +538,7 @@ PolygonGeometry::PolygonGeometry(const Hierarchy& hierarchy)
 PolygonGeometry::PolygonGeometry(const PolygonGeometry& other)
     : Geometry(other)
     , hierarchy_(other.hierarchy_)
+    , cartesian_(other.cartesian_)
     , shadowVolumeHeightScale_(other.shadowVolumeHeightScale_) {}
 
 PolygonGeometry::~PolygonGeometry() = default;
@@ -518,6 +572,7 @@ void PolygonGeometry::setHierarchy(const Hierarchy& hierarchy) {
         const detail::ChangedLockScope<PolygonGeometry> scope(*this);
         hierarchy_.positions = hierarchy.positions;
         hierarchy_.holes = hierarchy.holes;
+        cartesian_.reset();
     }
     _raiseDefinitionChangedEvent();
 }
@@ -529,6 +584,13 @@ void PolygonGeometry::setShadowVolumeHeightScale(double scale) {
 std::vector<Vector3<double>>
 PolygonGeometry::_toCartesianRing(const std::vector<Cartographic>& ring) {
     return detail::toCartesian(ring);
+}
+
+const std::shared_ptr<const PolygonHierarchy>& PolygonGeometry::cartesianHierarchy() const {
+    if (!cartesian_) {
+        cartesian_ = std::make_shared<const PolygonHierarchy>(_toPolygonHierarchy(hierarchy_));
+    }
+    return cartesian_;
 }
 
 PolygonHierarchy PolygonGeometry::_toPolygonHierarchy(const Hierarchy& hierarchy) {
@@ -544,9 +606,11 @@ Vector3<double> PolygonGeometry::_computeLabelPosition(const std::vector<Cartogr
     if (ring.empty()) {
         return Vector3<double>(0.0, 0.0, 0.0);
     }
-    const FlatRing flat = flatten(ring);
+    LabelScratch& scratch = LabelScratch::ofThisThread();
+    const FlatRing flat = flatten(ring, scratch.coordinates);
     const double latitude = (flat.north + flat.south) / 2.0;
-    double longitude = widestInsideSpan(flat, latitude);
+    double longitude = widestInsideSpan(flat, latitude, scratch.crossings);
+    scratch.release();
     // Back into the usual range, where the ring was followed across the antimeridian.
     longitude = std::remainder(longitude, 360.0);
     return Ellipsoid::WGS84.cartographicToCartesian(
@@ -621,14 +685,11 @@ bool PolygonGeometry::_updateGeometry(Entity& entity, const Style* /*style*/) {
     }
     PolygonGraphics* const area = graphicsOf<PolygonGraphics>(entity);
     if (area != nullptr) {
-        area->setHierarchy(_toPolygonHierarchy(hierarchy_));
+        area->setHierarchy(cartesianHierarchy());
     }
     if (const auto wall = entity.getChildByName(EXTRUSION_WALL)) {
-        std::vector<Vector3<double>> ring = area != nullptr
-                                                ? area->getHierarchy().positions
-                                                : _toCartesianRing(hierarchy_.positions);
         static_cast<WallGraphics&>(*wall->getGeometryGraphics())
-            .setPositions(closed(std::move(ring)));
+            .setPositions(closed(cartesianHierarchy()->positions));
     }
     if (getDistanceDisplayConditionAnchor()) {
         setDistanceDisplayConditionAnchor(_computeLabelPosition(hierarchy_.positions));
@@ -646,11 +707,11 @@ bool PolygonGeometry::_updateStyle(Entity& entity, const Feature& feature, const
     if (hasTooFewVertices(hierarchy_.positions, detail::site::POLYGON_UPDATE_STYLE)) {
         return false;
     }
-    updateLabel(entity, feature, style);
     const HeightReference heightReference =
         style != nullptr ? style->getHeightReference() : HEIGHT_REFERENCE_WITHOUT_STYLE;
     Drawing drawing{entity,
                     hierarchy_,
+                    cartesianHierarchy(),
                     {feature,
                      detail::intersectDisplayConditions(feature.getDistanceDisplayCondition(),
                                                         getDistanceDisplayCondition()),
@@ -658,6 +719,10 @@ bool PolygonGeometry::_updateStyle(Entity& entity, const Feature& feature, const
     const PolygonStyle* const polygonStyle = style != nullptr ? style->asPolygonStyle() : nullptr;
     const PolygonSymbol* const symbol =
         polygonStyle != nullptr ? polygonStyle->getPolygonSymbol().get() : nullptr;
+    if (entity.getChildren().empty()) {
+        entity.reserveChildren(childrenAtMost(drawing, style, polygonStyle, symbol));
+    }
+    updateLabel(entity, feature, style);
     drawExtrusion(drawing, polygonStyle);
     drawArea(drawing, symbol);
     updateSegmentLabels(drawing, symbol, style);

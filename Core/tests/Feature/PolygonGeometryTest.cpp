@@ -519,6 +519,35 @@ TEST(PolygonGeometryTest, OutlinesReadTheRingsOfTheAreaInsteadOfCopiesAndFollowA
     EXPECT_EQ(points.back(), moved.positions.front());
 }
 
+TEST(PolygonGeometryTest, TheRingsAreConvertedOnceUntilTheHierarchyIsSetAgain) {
+    PolygonScene scene;
+    scene.style.setPolygonSymbol(fillOf(Color::GREEN));
+    ASSERT_TRUE(scene.updateBoth());
+    const auto converted = graphicsOf<PolygonGraphics>(*scene.root)->getSharedHierarchy();
+    EXPECT_EQ(*converted, PolygonGeometry::_toPolygonHierarchy(scene.geometry.getHierarchy()));
+    // Styling again and refreshing the positions reuse the conversion.
+    scene.style.getPolygonSymbol()->setMaterial(std::make_shared<ColorMaterial>(Color::BLUE));
+    ASSERT_TRUE(scene.updateBoth());
+    EXPECT_EQ(graphicsOf<PolygonGraphics>(*scene.root)->getSharedHierarchy(), converted);
+    // A hierarchy set again, even an equal one, is converted again; the old one is left intact.
+    const Hierarchy same = scene.geometry.getHierarchy();
+    scene.geometry.setHierarchy(same);
+    ASSERT_TRUE(scene.updateGeometry());
+    const auto again = graphicsOf<PolygonGraphics>(*scene.root)->getSharedHierarchy();
+    EXPECT_NE(again, converted);
+    EXPECT_EQ(*again, *converted);
+    // A copy of the geometry draws from the same conversion until either is edited.
+    const PolygonGeometry copy(scene.geometry);
+    Hierarchy moved = same;
+    moved.positions[0].height += 50.0;
+    scene.geometry.setHierarchy(moved);
+    ASSERT_TRUE(scene.updateBoth());
+    EXPECT_EQ(graphicsOf<PolygonGraphics>(*scene.root)->getHierarchy(),
+              PolygonGeometry::_toPolygonHierarchy(moved));
+    EXPECT_EQ(copy.getHierarchy().positions, same.positions);
+    EXPECT_EQ(PolygonGeometry::_toPolygonHierarchy(copy.getHierarchy()), *converted);
+}
+
 TEST(PolygonGeometryTest, PunchingASecondHoleAddsItsOutlineAndFillingOneRemovesIt) {
     PolygonScene scene;
     auto symbol = fillOf(Color::GREEN);
