@@ -89,6 +89,12 @@ void call(void* holder, const RelayThunks& thunks, const bool* locked) {
 } // namespace
 
 RelayChain::~RelayChain() {
+    // The usual end: every holder unlinked before letting go. A raising still walking an empty
+    // chain has nothing left to call (unlinking keeps its next link linked or null), so there is
+    // neither a link nor a walk to detach, and no lock to take.
+    if (head_.load(std::memory_order_acquire) == nullptr) {
+        return;
+    }
     Stripe& stripe = stripeOf(this);
     const StripeLock lock(stripe);
     SubscriptionPair* const first = head_.load(std::memory_order_relaxed);

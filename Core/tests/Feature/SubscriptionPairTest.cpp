@@ -221,6 +221,32 @@ TEST(SubscriptionPairTest, HoldersStillLinkedWhenTheChainGoesAreLeftUnlinked) {
     a.pair.disconnect();
 }
 
+TEST(SubscriptionPairTest, AChainDestroyedWhileRaisedAfterItsHoldersUnlinkedEndsTheRaising) {
+    auto source = std::make_unique<Source>();
+    std::string log;
+    Holder a("a", log);
+    Holder b("b", log);
+    Holder c("c", log);
+    // The first holder unlinks every holder, then destroys the object it was told about.
+    a.onChange = [&] {
+        a.pair.disconnect();
+        b.pair.disconnect();
+        c.pair.disconnect();
+        source.reset();
+    };
+    a.pair.relay(*source, a);
+    b.pair.relay(*source, b);
+    c.pair.relay(*source, c);
+    source->chain.raiseDefinitionChanged();
+    EXPECT_EQ(source, nullptr);
+    EXPECT_EQ(log, "aD ");
+    // The pairs are free to link into another chain.
+    Source other;
+    b.pair.relay(other, b);
+    other.chain.raiseDefinitionChanged();
+    EXPECT_EQ(log, "aD bD ");
+}
+
 TEST(SubscriptionPairTest, RaisingLinkingAndUnlinkingOnSeveralThreadsStress) {
     Source source;
     std::atomic<int> calls{0};
