@@ -2,6 +2,13 @@
 
 #include <utility>
 
+// Keeps a function out of its callers (a hint the compilers that know it take).
+#if defined(__GNUC__)
+#define KEO_FEATURE_NOINLINE __attribute__((noinline))
+#else
+#define KEO_FEATURE_NOINLINE
+#endif
+
 namespace keo::Feature::detail {
 
 /**
@@ -24,6 +31,18 @@ private:
     Owner& owner_;
 };
 
+// The changing half of applyEdit, kept out of line: a setter given the value it holds then only
+// compares, without first saving the registers that raising the events needs.
+template <typename Owner, typename T, typename U, typename OnStore>
+KEO_FEATURE_NOINLINE void storeAndRaise(Owner& owner, T& field, U&& value, OnStore& onStore) {
+    {
+        const ChangedLockScope<Owner> scope(owner);
+        field = std::forward<U>(value);
+        onStore();
+    }
+    owner._raiseDefinitionChangedEvent();
+}
+
 /**
  * @brief The edit rule of every setter: nothing when @p value equals @p field (operator==, so a
  * NaN always counts as a change); otherwise changed-lock true, store (then @p onStore, e.g. to
@@ -34,12 +53,7 @@ bool applyEdit(Owner& owner, T& field, U&& value, OnStore&& onStore) {
     if (field == value) {
         return false;
     }
-    {
-        const ChangedLockScope<Owner> scope(owner);
-        field = std::forward<U>(value);
-        onStore();
-    }
-    owner._raiseDefinitionChangedEvent();
+    storeAndRaise(owner, field, std::forward<U>(value), onStore);
     return true;
 }
 
