@@ -28,7 +28,11 @@ Material::Type Material::getType() const {
 
 void Material::update(GeometryGraphics& graphics, bool highlight) const {
     updateImplMaterial(highlight);
-    graphics.setMaterial(material_);
+    // Most updates find the graphics holding this very property: handing it over again would only
+    // count its owners up and down.
+    if (graphics.getMaterial() != material_) {
+        graphics.setMaterial(material_);
+    }
 }
 
 void Material::updateImplMaterial(bool /*highlight*/) const {
