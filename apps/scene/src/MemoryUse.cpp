@@ -1,12 +1,16 @@
 #include "MemoryUse.h"
 
 #include <atomic>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <new>
 
 #if defined(__GLIBC__)
 #include <malloc.h>
+#endif
+#if defined(KEO_SCENE_MIMALLOC)
+#include <mimalloc.h>
 #endif
 #include <unistd.h>
 
@@ -16,8 +20,54 @@ namespace {
 
 // The bytes of the blocks that operator new has handed out and operator delete not yet taken
 // back, each counted at the size the allocator gave it: what the kit's objects hold, whichever
-// allocator serves them.
-std::atomic<std::size_t> heapInUse{0};
+// allocator serves them. Each thread keeps its own count, which only it writes (a plain load and
+// store, no read-modify-write): a locked add on one shared counter would fence every allocation
+// and every free, and tearing a scene down frees tens of millions of blocks whose cache misses
+// would otherwise overlap. The total is the sum over the threads; a block freed on another
+// thread than the one that allocated it leaves one count high and the other low by as much.
+struct ThreadCount {
+    std::atomic<std::ptrdiff_t> bytes{0};
+    ThreadCount* next = nullptr;
+};
+
+// Every thread's count, newest first; a count outlives its thread (it is never unlinked), so that
+// what the thread still held stays in the total.
+std::atomic<ThreadCount*> threadCounts{nullptr};
+
+ThreadCount& countOfThisThread() noexcept {
+    // A constant-initialised pointer: reading it needs no guard, and operator new may run before
+    // the thread's other thread-local objects exist.
+    static thread_local ThreadCount* mine = nullptr;
+    if (mine == nullptr) {
+        // From malloc, not operator new, which is what is being counted.
+        void* memory = std::malloc(sizeof(ThreadCount));
+        if (memory == nullptr) {
+            static ThreadCount shared; // no memory for a count of its own: counted roughly
+            return shared;
+        }
+        auto* count = new (memory) ThreadCount();
+        count->next = threadCounts.load(std::memory_order_relaxed);
+        while (!threadCounts.compare_exchange_weak(count->next, count, std::memory_order_release,
+                                                   std::memory_order_relaxed)) {
+        }
+        mine = count;
+    }
+    return *mine;
+}
+
+void addToCount(std::ptrdiff_t bytes) noexcept {
+    std::atomic<std::ptrdiff_t>& count = countOfThisThread().bytes;
+    count.store(count.load(std::memory_order_relaxed) + bytes, std::memory_order_relaxed);
+}
+
+std::size_t heapInUse() noexcept {
+    std::ptrdiff_t total = 0;
+    for (const ThreadCount* count = threadCounts.load(std::memory_order_acquire); count != nullptr;
+         count = count->next) {
+        total += count->bytes.load(std::memory_order_relaxed);
+    }
+    return total > 0 ? static_cast<std::size_t>(total) : 0;
+}
 
 std::size_t blockSize(void* block) noexcept {
 #if defined(__GLIBC__)
@@ -33,13 +83,13 @@ void* allocate(std::size_t size) {
     if (block == nullptr) {
         throw std::bad_alloc();
     }
-    heapInUse.fetch_add(blockSize(block), std::memory_order_relaxed);
+    addToCount(static_cast<std::ptrdiff_t>(blockSize(block)));
     return block;
 }
 
 void release(void* block) noexcept {
     if (block != nullptr) {
-        heapInUse.fetch_sub(blockSize(block), std::memory_order_relaxed);
+        addToCount(-static_cast<std::ptrdiff_t>(blockSize(block)));
         std::free(block);
     }
 }
@@ -48,7 +98,7 @@ void release(void* block) noexcept {
 
 MemoryUse currentMemoryUse() noexcept {
     MemoryUse use;
-    use.heap = heapInUse.load(std::memory_order_relaxed);
+    use.heap = heapInUse();
     // The second field of statm is the resident set, in pages.
     if (std::FILE* statm = std::fopen("/proc/self/statm", "r")) {
         unsigned long size = 0;
@@ -63,9 +113,17 @@ MemoryUse currentMemoryUse() noexcept {
     return use;
 }
 
+void preferLargePages() noexcept {
+#if defined(KEO_SCENE_MIMALLOC)
+    if (std::getenv("MIMALLOC_LARGE_OS_PAGES") == nullptr) {
+        mi_option_enable(mi_option_large_os_pages);
+    }
+#endif
+}
+
 const char* allocatorName() noexcept {
 #if defined(KEO_SCENE_MIMALLOC)
-    return "mimalloc";
+    return mi_option_is_enabled(mi_option_large_os_pages) ? "mimalloc, large pages" : "mimalloc";
 #elif defined(__GLIBC__)
     return "glibc malloc";
 #else

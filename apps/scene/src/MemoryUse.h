@@ -18,6 +18,14 @@ MemoryUse currentMemoryUse() noexcept;
 /** @brief The name of the allocator whose heap currentMemoryUse reports, as printed. */
 const char* allocatorName() noexcept;
 
+/**
+ * @brief Asks the allocator to take its memory from the system in large (2 MiB) pages from now
+ * on, where it can (mimalloc, unless MIMALLOC_LARGE_OS_PAGES says otherwise); nothing with the C
+ * library's allocator. Fewer, larger pages cost the kernel far less to hand out when a scene
+ * touches gigabytes.
+ */
+void preferLargePages() noexcept;
+
 /** @brief Bytes per item between two readings (0 for no items or a shrinking reading). */
 double bytesPer(std::size_t before, std::size_t after, std::size_t items) noexcept;
 
