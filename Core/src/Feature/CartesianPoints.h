@@ -11,27 +11,28 @@
 namespace keo::Feature::detail {
 
 /**
- * @brief @p positions as Cartesian points (ECEF metres) on WGS84, one per position, in order, in a
- * list with room for @p spare more (a closing point, say).
- */
-std::vector<Vector3<double>> toCartesian(const std::vector<Cartographic>& positions,
-                                         std::size_t spare = 0);
-
-/**
- * @brief @p positions as Cartesian points (ECEF metres) on WGS84, each at the height
- * @p heightOf(position) instead of its own: a raised copy without copying the positions first.
+ * @brief @p positions as Cartesian points (ECEF metres) on WGS84, one per position, in order, each
+ * at the height @p heightOf(position) gives (a raised copy without copying the positions first),
+ * in a list with room for @p spare more (a closing point, say).
  */
 template <typename HeightOf>
 std::vector<Vector3<double>> toCartesianAt(const std::vector<Cartographic>& positions,
-                                           HeightOf&& heightOf) {
+                                           HeightOf&& heightOf, std::size_t spare = 0) {
     std::vector<Vector3<double>> points;
-    points.reserve(positions.size());
+    points.reserve(positions.size() + spare);
     for (const Cartographic& position : positions) {
         points.push_back(Ellipsoid::WGS84.cartographicToCartesian(
             Cartographic(position.longitude, position.latitude, heightOf(position))));
     }
     return points;
 }
+
+/**
+ * @brief @p positions as Cartesian points (ECEF metres) on WGS84, one per position, in order, at
+ * their own heights, in a list with room for @p spare more (a closing point, say).
+ */
+std::vector<Vector3<double>> toCartesian(const std::vector<Cartographic>& positions,
+                                         std::size_t spare = 0);
 
 /**
  * @brief The Cartesian points of a line's or a ring's vertices, converted at most once per

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "CartesianPoints.h"
 #include "Feature/ExtrusionSymbol.h"
 
 #include <optional>
+#include <vector>
 
 namespace keo::Feature::detail {
 
@@ -21,6 +23,18 @@ inline std::optional<double> extrusionTop(double vertexHeight, double height,
         return height;
     }
     return std::nullopt;
+}
+
+/**
+ * @brief The roof of an extrusion of @p height metres over @p positions, in Cartesian points: each
+ * vertex raised to its extrusionTop, or left at its own height where the reference gives none.
+ */
+inline std::vector<Vector3<double>> extrusionRoof(const std::vector<Cartographic>& positions,
+                                                  double height,
+                                                  ExtrusionSymbol::HeightReference reference) {
+    return toCartesianAt(positions, [height, reference](const Cartographic& vertex) {
+        return extrusionTop(vertex.height, height, reference).value_or(vertex.height);
+    });
 }
 
 } // namespace keo::Feature::detail

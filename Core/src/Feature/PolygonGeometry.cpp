@@ -332,11 +332,8 @@ void drawRoof(Drawing& drawing, const ExtrusionSymbol& extrusion, double height)
     }
     const auto child = detail::findOrCreateChild(drawing.entity, EXTRUSION_ROOF, drawing.feature());
     auto& roof = detail::ensureGraphics<PolygonGraphics>(*child);
-    const ExtrusionSymbol::HeightReference reference = extrusion.getHeightReference();
-    roof.setHierarchy(PolygonHierarchy(detail::toCartesianAt(
-        drawing.hierarchy.positions, [height, reference](const Cartographic& vertex) {
-            return detail::extrusionTop(vertex.height, height, reference).value_or(vertex.height);
-        })));
+    roof.setHierarchy(PolygonHierarchy(detail::extrusionRoof(drawing.hierarchy.positions, height,
+                                                             extrusion.getHeightReference())));
     drawRoofOutline(drawing, *tail, roof.getSharedHierarchy());
     roof.setPerPositionHeight(true);
     tail->_fill(roof, drawing.context);
@@ -368,9 +365,8 @@ void forEachHole(const PolygonHierarchy& hierarchy, Visit& visit) {
 // The number of holes of @p hierarchy, holes of holes included.
 std::size_t countHoles(const PolygonHierarchy& hierarchy) noexcept {
     std::size_t count = 0;
-    for (const PolygonHierarchy& hole : hierarchy.holes) {
-        count += 1 + countHoles(hole);
-    }
+    auto countOne = [&count](const PolygonHierarchy& /*hole*/) { ++count; };
+    forEachHole(hierarchy, countOne);
     return count;
 }
 
@@ -453,7 +449,8 @@ void updateSegmentLabels(Drawing& drawing, const PolygonSymbol* symbol, const St
     SymbolContext context = drawing.context;
     context.heightReference =
         style != nullptr ? style->getHeightReference() : HeightReference::Absolute;
-    const std::vector<Vector3<double>> points = PolygonGeometry::_toCartesianRing(ring);
+    // The outer ring as the area already holds it converted.
+    const std::vector<Vector3<double>>& points = drawing.cartesian->positions;
     for (std::size_t i = 0; i < edges; ++i) {
         const std::size_t j = (i + 1) % edges;
         const double length = context.heightReference == HeightReference::Absolute

@@ -298,14 +298,10 @@ void drawRoof(Drawing& drawing, const ExtrusionSymbol& extrusion, double height)
     if (tail == nullptr) {
         return;
     }
-    std::vector<Cartographic> raised = drawing.positions;
-    for (Cartographic& vertex : raised) {
-        vertex.height = detail::extrusionTop(vertex.height, height, extrusion.getHeightReference())
-                            .value_or(vertex.height);
-    }
     const auto child = detail::findOrCreateChild(drawing.entity, EXTRUSION_ROOF, drawing.feature());
     auto& roof = detail::ensureGraphics<PolylineGraphics>(*child);
-    roof.setPositions(detail::toCartesian(raised));
+    roof.setPositions(
+        detail::extrusionRoof(drawing.positions, height, extrusion.getHeightReference()));
     tail->_fill(roof, drawing.context);
     drawing.drawn = true;
 }

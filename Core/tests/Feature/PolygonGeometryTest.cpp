@@ -127,6 +127,13 @@ std::shared_ptr<PolygonSymbol> fillOf(const Color& color) {
     return std::make_shared<PolygonSymbol>(std::make_shared<ColorMaterial>(color));
 }
 
+// A green fill outlined by a red line 3 pixels wide.
+std::shared_ptr<PolygonSymbol> outlinedFill() {
+    auto symbol = fillOf(Color::GREEN);
+    symbol->setOutLineSymbol(lineOf(Color::RED, 3.0f));
+    return symbol;
+}
+
 struct PolygonScene : GeometryScene<PolygonGeometry, PolygonStyle> {
     PolygonScene()
         : GeometryScene("park", park()) {}
@@ -379,6 +386,23 @@ TEST(PolygonGeometryTest, ComputingTheLabelOfAHundredThousandVertexRingStaysNear
     expectLabelAt(ring, 10.0, 20.0, 0.0);
 }
 
+TEST(PolygonGeometryTest, ALabelPointIsTheSameBeforeAndAfterAVeryLongRingIsLabelled) {
+    // The lists the label point is worked out in are kept from one ring to the next (and let go
+    // after a very long one): nothing of one ring may reach the next.
+    const std::vector<Cartographic> small =
+        ringOf({{116.40, 39.90}, {116.43, 39.90}, {116.43, 39.93}, {116.40, 39.93}});
+    const Vector3<double> first = PolygonGeometry::_computeLabelPosition(small);
+    std::vector<Cartographic> ring;
+    const int vertices = 80000;
+    for (int i = 0; i < vertices; ++i) {
+        const double angle = keo::Math::TWO_PI * i / vertices;
+        ring.push_back(degrees(-30.0 + std::cos(angle), -20.0 + std::sin(angle)));
+    }
+    expectLabelAt(ring, -30.0, -20.0, 0.0);
+    EXPECT_EQ(PolygonGeometry::_computeLabelPosition(small), first);
+    expectLabelAt(small, 116.415, 39.915, 0.0);
+}
+
 // --- invalid rings -----------------------------------------------------------------------------
 
 TEST(PolygonGeometryTest, ARingUnderThreeVerticesLeavesTheTreeUntouchedWithItsRecords) {
@@ -470,9 +494,7 @@ TEST(PolygonGeometryTest, AHiddenPolygonSymbolHidesTheAreaAndDropsItsOutlines) {
 
 TEST(PolygonGeometryTest, TheOutlineClosesTheOuterRingAndEachHoleGetsAColourOutline) {
     PolygonScene scene;
-    auto symbol = fillOf(Color::GREEN);
-    symbol->setOutLineSymbol(lineOf(Color::RED, 3.0f));
-    scene.style.setPolygonSymbol(symbol);
+    scene.style.setPolygonSymbol(outlinedFill());
     ASSERT_TRUE(scene.updateBoth());
     const auto* outline = graphicsOf<PolylineGraphics>(*scene.child(OUTLINE));
     ASSERT_NE(outline, nullptr);
@@ -491,9 +513,7 @@ TEST(PolygonGeometryTest, TheOutlineClosesTheOuterRingAndEachHoleGetsAColourOutl
 
 TEST(PolygonGeometryTest, OutlinesReadTheRingsOfTheAreaInsteadOfCopiesAndFollowAnEdit) {
     PolygonScene scene;
-    auto symbol = fillOf(Color::GREEN);
-    symbol->setOutLineSymbol(lineOf(Color::RED, 3.0f));
-    scene.style.setPolygonSymbol(symbol);
+    scene.style.setPolygonSymbol(outlinedFill());
     ASSERT_TRUE(scene.updateBoth());
     const auto ringOf = [&scene](const std::string& name) {
         const auto* line = graphicsOf<PolylineGraphics>(*scene.child(name));
@@ -550,9 +570,7 @@ TEST(PolygonGeometryTest, TheRingsAreConvertedOnceUntilTheHierarchyIsSetAgain) {
 
 TEST(PolygonGeometryTest, PunchingASecondHoleAddsItsOutlineAndFillingOneRemovesIt) {
     PolygonScene scene;
-    auto symbol = fillOf(Color::GREEN);
-    symbol->setOutLineSymbol(lineOf(Color::RED, 3.0f));
-    scene.style.setPolygonSymbol(symbol);
+    scene.style.setPolygonSymbol(outlinedFill());
     ASSERT_TRUE(scene.updateBoth());
     Hierarchy twoHoles = park();
     Hierarchy second;
