@@ -27,6 +27,15 @@ inline void reportTimePerFeature(benchmark::State& state, std::size_t count) {
         benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
+/** @brief Appends to @p features the @p count features that @p build(0), @p build(1), ... make. */
+template <typename Build>
+void appendBuilt(std::vector<std::shared_ptr<keo::Feature::Feature>>& features, std::size_t count,
+                 Build& build) {
+    for (std::size_t i = 0; i < count; ++i) {
+        features.push_back(build(i));
+    }
+}
+
 /**
  * @brief Builds @p count features with @p build(index) (each through its first frame update),
  * then times frames over them that nothing changed: each feature is visited and found clean.
@@ -35,9 +44,7 @@ template <typename Build>
 void cleanFramesOver(benchmark::State& state, std::size_t count, Build&& build) {
     std::vector<std::shared_ptr<keo::Feature::Feature>> features;
     features.reserve(count);
-    for (std::size_t i = 0; i < count; ++i) {
-        features.push_back(build(i));
-    }
+    appendBuilt(features, count, build);
     for (auto _ : state) {
         for (const auto& feature : features) {
             feature->_updateEntityInCull(false);
@@ -68,9 +75,7 @@ template <typename Build>
 void buildMany(benchmark::State& state, std::size_t count, Build&& build) {
     std::vector<std::shared_ptr<keo::Feature::Feature>> features;
     features.reserve(count);
-    for (std::size_t i = 0; i < count; ++i) {
-        features.push_back(build(i));
-    }
+    appendBuilt(features, count, build);
     features.clear();
     std::size_t allocated = 0;
     std::size_t live = 0;
@@ -78,9 +83,7 @@ void buildMany(benchmark::State& state, std::size_t count, Build&& build) {
         for (int round = 0; round < BUILDS_PER_ITERATION; ++round) {
             const std::size_t allocatedBefore = allocatedBytes();
             const std::size_t freedBefore = freedBytes();
-            for (std::size_t i = 0; i < count; ++i) {
-                features.push_back(build(i));
-            }
+            appendBuilt(features, count, build);
             const std::size_t allocatedNow = allocatedBytes() - allocatedBefore;
             allocated += allocatedNow;
             live += allocatedNow - (freedBytes() - freedBefore);

@@ -15,7 +15,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <string>
 #include <vector>
 
 namespace {
@@ -30,22 +29,13 @@ constexpr std::size_t FEATURES = 100000;
 constexpr std::size_t GROUPS = 10;
 
 struct Scene {
-    Scene() {
-        for (std::size_t g = 0; g < GROUPS; ++g) {
-            auto group = std::make_shared<FeatureGroup>(std::uint64_t{FEATURES + 1 + g});
-            root->add(group);
-            groups.push_back(std::move(group));
-        }
+    Scene()
+        : groups(keo::bench::addGroups(*root, GROUPS, std::uint64_t{FEATURES + 1})) {
         for (std::size_t i = 0; i < FEATURES; ++i) {
-            auto style = keo::bench::makeDotAndLabelStyle();
-            auto geometry = std::make_shared<PointGeometry>(gridPlace(i));
-            auto feature = std::make_shared<Feature>(std::uint64_t{i + 1});
-            feature->setName("point " + std::to_string(i));
-            feature->setGeometry(geometry);
-            feature->setStyle(std::move(style));
+            auto feature = keo::bench::namedGridPoint(i, keo::bench::makeDotAndLabelStyle());
+            geometries.push_back(std::static_pointer_cast<PointGeometry>(feature->getGeometry()));
             groups[i % GROUPS]->add(feature);
             features.push_back(std::move(feature));
-            geometries.push_back(std::move(geometry));
         }
     }
 

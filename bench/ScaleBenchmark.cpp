@@ -18,14 +18,12 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <string>
 #include <vector>
 
 namespace {
 
 using keo::bench::gridPlace;
 using keo::bench::makeDotAndLabelStyle;
-using keo::Feature::Feature;
 using keo::Feature::FeatureGroup;
 using keo::Feature::FrameDriver;
 using keo::Feature::PointGeometry;
@@ -35,22 +33,13 @@ constexpr std::size_t GROUPS = 10;
 // The scene of one size: its features built and drawn by the first frame.
 struct Scene {
     explicit Scene(std::size_t count, const std::shared_ptr<keo::Feature::PointStyle>& style) {
-        std::vector<std::shared_ptr<FeatureGroup>> groups;
-        for (std::size_t g = 0; g < GROUPS; ++g) {
-            auto group = std::make_shared<FeatureGroup>(std::uint64_t{count + 1 + g});
-            root->add(group);
-            groups.push_back(std::move(group));
-        }
+        const auto groups = keo::bench::addGroups(*root, GROUPS, std::uint64_t{count + 1});
         driver.emplace(root);
         geometries.reserve(count);
         for (std::size_t i = 0; i < count; ++i) {
-            auto geometry = std::make_shared<PointGeometry>(gridPlace(i));
-            auto feature = std::make_shared<Feature>(std::uint64_t{i + 1});
-            feature->setName("point " + std::to_string(i));
-            feature->setGeometry(geometry);
-            feature->setStyle(style);
+            auto feature = keo::bench::namedGridPoint(i, style);
+            geometries.push_back(std::static_pointer_cast<PointGeometry>(feature->getGeometry()));
             groups[i % GROUPS]->add(std::move(feature));
-            geometries.push_back(std::move(geometry));
         }
         benchmark::DoNotOptimize(driver->frame());
     }
