@@ -359,7 +359,7 @@ using ListPosition = std::list<std::shared_ptr<Feature>>::iterator;
 
 // A FlatIdMap with the subscript access the template above uses.
 struct FlatIndex {
-    keo::Feature::detail::FlatIdMap<ListPosition> map;
+    keo::detail::FlatIdMap<ListPosition> map;
     ListPosition& operator[](std::uint64_t id) { return *map.tryEmplace(id).first; }
     std::size_t size() const { return map.size(); }
 };

@@ -36,6 +36,9 @@ function(keo_add_library name)
     target_include_directories(${name} PUBLIC
         $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/Core/include>
         $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/keo>)
+    # The kit's private header-only containers (FlatIdMap, BlockArray) live beside keoCommon's
+    # sources and serve every library; they are never installed.
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/Core/src/Common)
     target_compile_features(${name} PUBLIC cxx_std_17)
     if(ARG_PUBLIC_DEPENDS)
         target_link_libraries(${name} PUBLIC ${ARG_PUBLIC_DEPENDS})

@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace keo {
@@ -25,7 +24,7 @@ class Entity;
 class KEO_DATA_API Layer final {
 public:
     /** @brief A shown layer with an empty name and no entities. */
-    Layer() = default;
+    Layer();
     /** @brief A shown layer named @p name with no entities. */
     explicit Layer(std::string name);
     ~Layer();
@@ -54,7 +53,7 @@ public:
     /** @brief Removes every entity. */
     void removeAllEntities() noexcept;
     /** @brief The number of root entities. */
-    std::size_t getEntityCount() const noexcept { return places_.size(); }
+    std::size_t getEntityCount() const noexcept;
     /**
      * @brief The root entities in the order they were added. The reference stays valid until the
      * layer next changes; the call may close the gaps left by removals, so even concurrent reads
@@ -63,6 +62,10 @@ public:
     const std::vector<std::shared_ptr<Entity>>& getEntities() const;
 
 private:
+    // Root entity (by address) to its place in entities_: a flat hash index, so that neither
+    // adding nor tearing down a layer of a million roots allocates or frees a node per root.
+    struct Places;
+
     // Closes the gaps that removals left in entities_ and renumbers the places.
     void compact() const;
 
@@ -71,7 +74,8 @@ private:
     // In the order added; a removal only empties its slot, and the gaps are closed when the list
     // is read or when they make up half of it, so that a removal costs no shifting.
     mutable std::vector<std::shared_ptr<Entity>> entities_;
-    mutable std::unordered_map<const Entity*, std::size_t> places_;
+    // Made by the first addition.
+    std::unique_ptr<Places> places_;
 };
 
 } // namespace keo

@@ -134,8 +134,10 @@ private:
     // The lists a feature hands over, kept between features so that their room is reused.
     std::vector<std::shared_ptr<Entity>> added_;
     std::vector<std::shared_ptr<Entity>> removed_;
-    // Root entity to record, made when pick needs it after the set of roots changed.
-    mutable std::unordered_map<const Entity*, const Record*> roots_;
+    // Root entity to record (a flat hash index), made when pick needs it after the set of roots
+    // changed.
+    struct RootIndex;
+    mutable std::unique_ptr<RootIndex> roots_;
     mutable bool rootsStale_ = true;
 };
 

@@ -2,9 +2,22 @@
 
 #include "Data/Entity.h"
 
+#include "FlatIdMap.h"
+
+#include <cstdint>
 #include <utility>
 
 namespace keo {
+
+struct Layer::Places {
+    keo::detail::FlatIdMap<std::size_t> index;
+
+    static std::uint64_t keyOf(const Entity* entity) noexcept {
+        return static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(entity));
+    }
+};
+
+Layer::Layer() = default;
 
 Layer::Layer(std::string name)
     : name_(std::move(name)) {}
@@ -16,39 +29,58 @@ void Layer::setName(std::string name) {
 }
 
 bool Layer::addEntity(std::shared_ptr<Entity> entity) {
-    if (!entity || !places_.emplace(entity.get(), entities_.size()).second) {
+    if (!entity) {
         return false;
     }
+    if (!places_) {
+        places_ = std::make_unique<Places>();
+    }
+    // The list grows first (doubling, as push_back would), so that a failure to grow leaves the
+    // index without the entity.
+    if (entities_.size() == entities_.capacity()) {
+        constexpr std::size_t FIRST_CAPACITY = 16;
+        entities_.reserve(entities_.empty() ? FIRST_CAPACITY : 2 * entities_.size());
+    }
+    const auto [place, made] = places_->index.tryEmplace(Places::keyOf(entity.get()));
+    if (!made) {
+        return false;
+    }
+    *place = entities_.size();
     entities_.push_back(std::move(entity));
     return true;
 }
 
 bool Layer::removeEntity(const Entity* entity) {
-    const auto found = places_.find(entity);
-    if (found == places_.end()) {
+    std::size_t place = 0;
+    if (!places_ || !places_->index.take(Places::keyOf(entity), place)) {
         return false;
     }
-    entities_[found->second].reset();
-    places_.erase(found);
+    entities_[place].reset();
     // Gaps are closed once they are as many as the entities left: each compaction walks a list at
     // most twice as long as the entities it keeps, so removals stay constant-time on average.
-    if (entities_.size() >= 2 * places_.size()) {
+    if (entities_.size() >= 2 * places_->index.size()) {
         compact();
     }
     return true;
 }
 
 bool Layer::containsEntity(const Entity* entity) const noexcept {
-    return entity != nullptr && places_.count(entity) != 0;
+    return entity != nullptr && places_ && places_->index.contains(Places::keyOf(entity));
 }
 
 void Layer::removeAllEntities() noexcept {
     entities_.clear();
-    places_.clear();
+    if (places_) {
+        places_->index.clear();
+    }
+}
+
+std::size_t Layer::getEntityCount() const noexcept {
+    return places_ ? places_->index.size() : 0;
 }
 
 const std::vector<std::shared_ptr<Entity>>& Layer::getEntities() const {
-    if (entities_.size() != places_.size()) {
+    if (entities_.size() != getEntityCount()) {
         compact();
     }
     return entities_;
@@ -58,7 +90,7 @@ void Layer::compact() const {
     std::size_t kept = 0;
     for (auto& entity : entities_) {
         if (entity) {
-            places_[entity.get()] = kept;
+            *places_->index.find(Places::keyOf(entity.get())) = kept;
             entities_[kept++] = std::move(entity);
         }
     }

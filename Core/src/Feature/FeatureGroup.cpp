@@ -80,7 +80,7 @@ struct FeatureGroup::ChildIndex {
         ChildList::iterator position;
         std::weak_ptr<FunctionWrapper> subscription;
     };
-    detail::FlatIdMap<Entry> entries;
+    keo::detail::FlatIdMap<Entry> entries;
 };
 
 FeatureGroup::FeatureGroup(std::optional<std::uint64_t> id)

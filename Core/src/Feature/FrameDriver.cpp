@@ -5,7 +5,10 @@
 #include "Feature/Feature.h"
 #include "Feature/FeatureGroup.h"
 
+#include "FlatIdMap.h"
+
 #include <algorithm>
+#include <cstdint>
 #include <list>
 #include <unordered_set>
 #include <utility>
@@ -18,6 +21,14 @@ struct FrameDriver::Record {
     std::vector<std::shared_ptr<Entity>> live;
     // The last frame that stamped the feature as visited (frames after a tree change stamp).
     std::uint64_t visited = 0;
+};
+
+struct FrameDriver::RootIndex {
+    keo::detail::FlatIdMap<const Record*> records;
+
+    static std::uint64_t keyOf(const Entity* root) noexcept {
+        return static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(root));
+    }
 };
 
 namespace {
@@ -293,16 +304,19 @@ const FrameDriver::Record* FrameDriver::recordOfEntity(const Entity& entity) con
         top = top->getParent();
     }
     if (rootsStale_) {
-        roots_.clear();
+        if (!roots_) {
+            roots_ = std::make_unique<RootIndex>();
+        }
+        roots_->records.clear();
         for (const auto& record : records_) {
             if (const Entity* root = std::as_const(*record->feature)._getImplHandle()) {
-                roots_.emplace(root, record.get());
+                *roots_->records.tryEmplace(RootIndex::keyOf(root)).first = record.get();
             }
         }
         rootsStale_ = false;
     }
-    const auto found = roots_.find(top);
-    return found != roots_.end() ? found->second : nullptr;
+    const Record* const* found = roots_->records.find(RootIndex::keyOf(top));
+    return found != nullptr ? *found : nullptr;
 }
 
 std::shared_ptr<Feature> FrameDriver::pick(const Entity& entity) const {

@@ -63,7 +63,7 @@ public:
      */
     Extra* insert(T value) {
         const std::uint64_t id = value->getId();
-        FlatIdMap<Entry>& index = indexed();
+        keo::detail::FlatIdMap<Entry>& index = indexed();
         const auto position = pushBack(std::move(value));
         std::pair<Entry*, bool> made;
         try {
@@ -196,7 +196,7 @@ private:
     // The index, brought up to date with the values appended unindexed (the last unindexed_ of
     // the list). Each value indexed counts at once, so a failed allocation leaves a consistent
     // map whose next look-up goes on from there.
-    FlatIdMap<Entry>& indexed() const {
+    keo::detail::FlatIdMap<Entry>& indexed() const {
         if (unindexed_ != 0) {
             for (auto position = std::prev(values_.cend(), static_cast<std::ptrdiff_t>(unindexed_));
                  position != values_.cend(); ++position) {
@@ -210,7 +210,7 @@ private:
     ValueList values_;
     // The index is brought up to date by look-ups, const ones included: it only caches where
     // each value is and is never observed otherwise.
-    mutable FlatIdMap<Entry> index_;
+    mutable keo::detail::FlatIdMap<Entry> index_;
     mutable std::size_t unindexed_ = 0;
     ValueList spare_; // nodes kept for reuse; their values are null
 };

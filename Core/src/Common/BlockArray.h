@@ -5,8 +5,8 @@
 #include <new>
 #include <vector>
 
-// For the kit's own classes: the dense storage behind the hash index of collections and groups.
-namespace keo::Feature::detail {
+// For the kit's own classes: the dense storage of FlatIdMap's entries.
+namespace keo::detail {
 
 /**
  * @brief Entries kept densely in blocks that are never moved: block k holds 16 << k entries, so
@@ -107,4 +107,4 @@ private:
     std::size_t size_ = 0;
 };
 
-} // namespace keo::Feature::detail
+} // namespace keo::detail

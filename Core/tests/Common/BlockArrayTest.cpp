@@ -10,7 +10,7 @@
 
 namespace {
 
-using keo::Feature::detail::BlockArray;
+using keo::detail::BlockArray;
 
 // Counts the entries alive, to check that each one made is destroyed once.
 struct Counted {

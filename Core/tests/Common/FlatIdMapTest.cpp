@@ -16,7 +16,7 @@
 
 namespace {
 
-using keo::Feature::detail::FlatIdMap;
+using keo::detail::FlatIdMap;
 
 // The value under @p key, which the test expects to be held: a missing one fails the test and
 // reads as a default value.

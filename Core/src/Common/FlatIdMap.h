@@ -12,8 +12,9 @@
 #include <utility>
 #include <vector>
 
-// For the kit's own classes: the hash index of the id-keyed containers of collections and groups.
-namespace keo::Feature::detail {
+// For the kit's own classes: the hash index of the id-keyed containers of collections and groups,
+// and of the layers' root entities.
+namespace keo::detail {
 
 /**
  * @brief A hash map from a 64-bit key (an id, or an address) to a value.
@@ -443,4 +444,4 @@ private:
     std::size_t erasedSinceFilter_ = 0;
 };
 
-} // namespace keo::Feature::detail
+} // namespace keo::detail
