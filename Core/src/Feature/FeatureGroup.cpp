@@ -100,11 +100,15 @@ FeatureGroup::FeatureGroup(const FeatureGroup& other)
 
 FeatureGroup::~FeatureGroup() {
     disconnectChildren();
-    // Children that others still hold must not point at a group that is gone.
-    for (const auto& child : children_) {
-        if (child->getParent() == this) {
-            child->_setParent(nullptr);
+    // Children that others still hold must not point at a group that is gone. Each child is let
+    // go as soon as it is told: a group of a million children is then walked once, not twice, and
+    // each child is still in the cache when it is released.
+    while (!children_.empty()) {
+        FeatureBase& child = *children_.front();
+        if (child.getParent() == this) {
+            child._setParent(nullptr);
         }
+        children_.pop_front();
     }
 }
 

@@ -72,8 +72,10 @@ FrameDriver::FrameDriver(std::shared_ptr<FeatureGroup> root)
 }
 
 FrameDriver::~FrameDriver() {
-    for (const auto& record : records_) {
+    // Each record goes as soon as its feature is told, while the feature is still in the cache.
+    for (auto& record : records_) {
         release(*record);
+        record.reset();
     }
 }
 
@@ -178,6 +180,8 @@ void FrameDriver::update(const std::shared_ptr<FeatureBase>& node, bool stamp,
     }
     if (!added_.empty()) {
         changes.reportedAdded += added_.size();
+        // A first update hands over the whole tree: the live list is sized once for it.
+        record->live.reserve(record->live.size() + added_.size());
         for (const auto& entity : added_) {
             join(*record, entity, changes);
         }
