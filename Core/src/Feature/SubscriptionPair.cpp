@@ -1,5 +1,7 @@
 #include "Feature/detail/SubscriptionPair.h"
 
+#include "Feature/detail/SingleThread.h"
+
 #include <array>
 #include <atomic>
 #include <cstddef>
@@ -24,7 +26,7 @@ struct Walk {
 // Chains share a few locks, picked by the chain's address: an object pays no memory for a lock,
 // and links, unlinks and the few instructions of a raising step are all a lock guards.
 struct Stripe {
-    std::atomic_flag taken = ATOMIC_FLAG_INIT;
+    std::atomic<bool> taken{false};
     Walk* walks = nullptr; // the raisings in progress over the stripe's chains
 };
 
@@ -41,13 +43,18 @@ class StripeLock final {
 public:
     explicit StripeLock(Stripe& stripe) noexcept
         : stripe_(stripe) {
-        for (unsigned spins = 0; stripe_.taken.test_and_set(std::memory_order_acquire); ++spins) {
+        if (noOtherThread()) {
+            // No thread can hold or wait for it (see noOtherThread): a plain store takes it.
+            stripe_.taken.store(true, std::memory_order_relaxed);
+            return;
+        }
+        for (unsigned spins = 0; stripe_.taken.exchange(true, std::memory_order_acquire); ++spins) {
             if (spins >= SPINS_BEFORE_YIELD) {
                 std::this_thread::yield();
             }
         }
     }
-    ~StripeLock() { stripe_.taken.clear(std::memory_order_release); }
+    ~StripeLock() { stripe_.taken.store(false, std::memory_order_release); }
     StripeLock(const StripeLock&) = delete;
     StripeLock& operator=(const StripeLock&) = delete;
 

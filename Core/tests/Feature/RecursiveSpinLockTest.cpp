@@ -46,6 +46,30 @@ TEST(RecursiveSpinLockTest, AnotherThreadCannotTakeItWhileItIsHeld) {
     lock.unlock();
 }
 
+TEST(RecursiveSpinLockTest, ALockTakenBeforeAnyOtherThreadStartedKeepsTheNewThreadOut) {
+    // Run on its own (as CTest runs each test), the process has one thread here, and the lock is
+    // taken without a locked instruction; a thread started afterwards must still find it held.
+    RecursiveSpinLock lock;
+    lock.lock();
+    bool takenWhileHeld = true;
+    bool takenOnceFree = false;
+    std::atomic<bool> tried{false};
+    std::thread other([&] {
+        takenWhileHeld = lock.try_lock();
+        tried.store(true);
+        lock.lock();
+        takenOnceFree = true;
+        lock.unlock();
+    });
+    while (!tried.load()) {
+        std::this_thread::yield();
+    }
+    lock.unlock();
+    other.join();
+    EXPECT_FALSE(takenWhileHeld);
+    EXPECT_TRUE(takenOnceFree);
+}
+
 TEST(RecursiveSpinLockTest, AWaiterThroughALongHoldTakesItOnlyOnceItIsFree) {
     RecursiveSpinLock lock;
     std::atomic<bool> released{false};

@@ -4,6 +4,7 @@
 // event template and the feature hold it. It may change without notice.
 
 #include "Feature/FeatureExport.h"
+#include "Feature/detail/SingleThread.h"
 
 #include <atomic>
 #include <chrono>
@@ -87,6 +88,11 @@ private:
     // fighting over it with writes.
     bool tryTake(std::uint32_t self) noexcept {
         std::uint32_t expected = NO_THREAD;
+        if (noOtherThread()) {
+            // Free, since the only thread does not hold it (lock and try_lock checked).
+            owner_.store(self, std::memory_order_relaxed);
+            return true;
+        }
         return owner_.load(std::memory_order_relaxed) == expected &&
                owner_.compare_exchange_weak(expected, self, std::memory_order_acquire,
                                             std::memory_order_relaxed);
