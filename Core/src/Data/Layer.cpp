@@ -90,7 +90,10 @@ void Layer::compact() const {
     std::size_t kept = 0;
     for (auto& entity : entities_) {
         if (entity) {
-            *places_->index.find(Places::keyOf(entity.get())) = kept;
+            // Every entity in the list is in the index.
+            if (std::size_t* const place = places_->index.find(Places::keyOf(entity.get()))) {
+                *place = kept;
+            }
             entities_[kept++] = std::move(entity);
         }
     }
