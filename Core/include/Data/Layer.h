@@ -74,7 +74,6 @@ private:
     // In the order added; a removal only empties its slot, and the gaps are closed when the list
     // is read or when they make up half of it, so that a removal costs no shifting.
     mutable std::vector<std::shared_ptr<Entity>> entities_;
-    // Made by the first addition.
     std::unique_ptr<Places> places_;
 };
 

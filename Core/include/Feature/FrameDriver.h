@@ -137,7 +137,7 @@ private:
     // Root entity to record (a flat hash index), made when pick needs it after the set of roots
     // changed.
     struct RootIndex;
-    mutable std::unique_ptr<RootIndex> roots_;
+    std::unique_ptr<RootIndex> roots_;
     mutable bool rootsStale_ = true;
 };
 

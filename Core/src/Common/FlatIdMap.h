@@ -13,8 +13,14 @@
 #include <vector>
 
 // For the kit's own classes: the hash index of the id-keyed containers of collections and groups,
-// and of the layers' root entities.
+// and of the indexes keyed by an object's address (a group's children, a layer's root entities,
+// the frame driver's picking).
 namespace keo::detail {
+
+/** @brief The key under which an object is filed by its address. */
+inline std::uint64_t addressKey(const void* address) noexcept {
+    return static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(address));
+}
 
 /**
  * @brief A hash map from a 64-bit key (an id, or an address) to a value.

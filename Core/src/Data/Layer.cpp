@@ -4,23 +4,22 @@
 
 #include "FlatIdMap.h"
 
-#include <cstdint>
 #include <utility>
 
 namespace keo {
 
 struct Layer::Places {
     keo::detail::FlatIdMap<std::size_t> index;
-
-    static std::uint64_t keyOf(const Entity* entity) noexcept {
-        return static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(entity));
-    }
 };
 
-Layer::Layer() = default;
+using keo::detail::addressKey;
+
+Layer::Layer()
+    : places_(std::make_unique<Places>()) {}
 
 Layer::Layer(std::string name)
-    : name_(std::move(name)) {}
+    : name_(std::move(name))
+    , places_(std::make_unique<Places>()) {}
 
 Layer::~Layer() = default;
 
@@ -32,16 +31,13 @@ bool Layer::addEntity(std::shared_ptr<Entity> entity) {
     if (!entity) {
         return false;
     }
-    if (!places_) {
-        places_ = std::make_unique<Places>();
-    }
     // The list grows first (doubling, as push_back would), so that a failure to grow leaves the
     // index without the entity.
     if (entities_.size() == entities_.capacity()) {
         constexpr std::size_t FIRST_CAPACITY = 16;
         entities_.reserve(entities_.empty() ? FIRST_CAPACITY : 2 * entities_.size());
     }
-    const auto [place, made] = places_->index.tryEmplace(Places::keyOf(entity.get()));
+    const auto [place, made] = places_->index.tryEmplace(addressKey(entity.get()));
     if (!made) {
         return false;
     }
@@ -52,7 +48,7 @@ bool Layer::addEntity(std::shared_ptr<Entity> entity) {
 
 bool Layer::removeEntity(const Entity* entity) {
     std::size_t place = 0;
-    if (!places_ || !places_->index.take(Places::keyOf(entity), place)) {
+    if (!places_->index.take(addressKey(entity), place)) {
         return false;
     }
     entities_[place].reset();
@@ -65,18 +61,16 @@ bool Layer::removeEntity(const Entity* entity) {
 }
 
 bool Layer::containsEntity(const Entity* entity) const noexcept {
-    return entity != nullptr && places_ && places_->index.contains(Places::keyOf(entity));
+    return entity != nullptr && places_->index.contains(addressKey(entity));
 }
 
 void Layer::removeAllEntities() noexcept {
     entities_.clear();
-    if (places_) {
-        places_->index.clear();
-    }
+    places_->index.clear();
 }
 
 std::size_t Layer::getEntityCount() const noexcept {
-    return places_ ? places_->index.size() : 0;
+    return places_->index.size();
 }
 
 const std::vector<std::shared_ptr<Entity>>& Layer::getEntities() const {
@@ -91,7 +85,7 @@ void Layer::compact() const {
     for (auto& entity : entities_) {
         if (entity) {
             // Every entity in the list is in the index.
-            if (std::size_t* const place = places_->index.find(Places::keyOf(entity.get()))) {
+            if (std::size_t* const place = places_->index.find(addressKey(entity.get()))) {
                 *place = kept;
             }
             entities_[kept++] = std::move(entity);

@@ -133,7 +133,7 @@ void FeatureGroup::setShow(bool show) {
 }
 
 std::uint64_t FeatureGroup::keyOf(const FeatureBase& node) noexcept {
-    return static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(&node));
+    return keo::detail::addressKey(&node);
 }
 
 bool FeatureGroup::add(std::shared_ptr<FeatureBase> node) {

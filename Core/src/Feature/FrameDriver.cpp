@@ -8,7 +8,6 @@
 #include "FlatIdMap.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <list>
 #include <unordered_set>
 #include <utility>
@@ -25,10 +24,6 @@ struct FrameDriver::Record {
 
 struct FrameDriver::RootIndex {
     keo::detail::FlatIdMap<const Record*> records;
-
-    static std::uint64_t keyOf(const Entity* root) noexcept {
-        return static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(root));
-    }
 };
 
 namespace {
@@ -61,7 +56,8 @@ bool contains(const std::vector<std::shared_ptr<Entity>>& entities, const Entity
 } // namespace
 
 FrameDriver::FrameDriver(std::shared_ptr<FeatureGroup> root)
-    : root_(std::move(root)) {
+    : root_(std::move(root))
+    , roots_(std::make_unique<RootIndex>()) {
     if (root_) {
         treeListener_ = ScopedListener(root_->_addFeatureAddedOrRemovedEventListener(
             [this](const std::vector<std::shared_ptr<Feature>>& /*added*/,
@@ -180,8 +176,11 @@ void FrameDriver::update(const std::shared_ptr<FeatureBase>& node, bool stamp,
     }
     if (!added_.empty()) {
         changes.reportedAdded += added_.size();
-        // A first update hands over the whole tree: the live list is sized once for it.
-        record->live.reserve(record->live.size() + added_.size());
+        // A first update hands over the whole tree: the live list is sized once for it. Later
+        // additions grow it as push_back does (reserving for each would reallocate every time).
+        if (record->live.empty()) {
+            record->live.reserve(added_.size());
+        }
         for (const auto& entity : added_) {
             join(*record, entity, changes);
         }
@@ -308,18 +307,15 @@ const FrameDriver::Record* FrameDriver::recordOfEntity(const Entity& entity) con
         top = top->getParent();
     }
     if (rootsStale_) {
-        if (!roots_) {
-            roots_ = std::make_unique<RootIndex>();
-        }
         roots_->records.clear();
         for (const auto& record : records_) {
             if (const Entity* root = std::as_const(*record->feature)._getImplHandle()) {
-                *roots_->records.tryEmplace(RootIndex::keyOf(root)).first = record.get();
+                *roots_->records.tryEmplace(keo::detail::addressKey(root)).first = record.get();
             }
         }
         rootsStale_ = false;
     }
-    const Record* const* found = roots_->records.find(RootIndex::keyOf(top));
+    const Record* const* found = roots_->records.find(keo::detail::addressKey(top));
     return found != nullptr ? *found : nullptr;
 }
 

@@ -100,4 +100,60 @@ TEST(LayerTest, ManyRootsCanBeAddedAndRemovedInAnyOrder) {
     EXPECT_FALSE(layer.removeEntity(entities[1].get()));
 }
 
+TEST(LayerTest, AfterTheGapsCloseEachEntityIsStillRemovedFromItsOwnPlace) {
+    Layer layer;
+    std::vector<std::shared_ptr<Entity>> entities;
+    for (const char* name : {"a", "b", "c", "d", "e", "f"}) {
+        entities.push_back(std::make_shared<Entity>(name));
+        layer.addEntity(entities.back());
+    }
+    // Three removals of six close the gaps and renumber the places of the three left.
+    for (const std::size_t i : {0u, 2u, 4u}) {
+        ASSERT_TRUE(layer.removeEntity(entities[i].get()));
+    }
+    ASSERT_TRUE(layer.removeEntity(entities[3].get()));
+    ASSERT_TRUE(layer.addEntity(entities[0]));
+    std::string order;
+    for (const auto& entity : layer.getEntities()) {
+        order += entity->getName();
+    }
+    EXPECT_EQ(order, "bfa");
+    EXPECT_EQ(layer.getEntityCount(), 3u);
+}
+
+TEST(LayerTest, AfterRemovingAllTheSameEntitiesCanBeAddedAgain) {
+    Layer layer;
+    const auto a = std::make_shared<Entity>("a");
+    const auto b = std::make_shared<Entity>("b");
+    layer.addEntity(a);
+    layer.addEntity(b);
+    layer.removeAllEntities();
+    EXPECT_EQ(layer.getEntityCount(), 0u);
+    EXPECT_FALSE(layer.containsEntity(a.get()));
+    EXPECT_TRUE(layer.addEntity(b));
+    EXPECT_TRUE(layer.addEntity(a));
+    ASSERT_EQ(layer.getEntities().size(), 2u);
+    EXPECT_EQ(layer.getEntities()[0], b);
+    EXPECT_EQ(layer.getEntities()[1], a);
+}
+
+TEST(LayerTest, AnEntityOnlyTheLayerHeldGoesWithItsRemovalOrWithTheLayer) {
+    std::weak_ptr<Entity> removed;
+    std::weak_ptr<Entity> kept;
+    {
+        Layer layer;
+        auto first = std::make_shared<Entity>("first");
+        auto second = std::make_shared<Entity>("second");
+        removed = first;
+        kept = second;
+        const Entity* const firstAddress = first.get();
+        layer.addEntity(std::move(first));
+        layer.addEntity(std::move(second));
+        EXPECT_TRUE(layer.removeEntity(firstAddress));
+        EXPECT_TRUE(removed.expired());
+        EXPECT_FALSE(kept.expired());
+    }
+    EXPECT_TRUE(kept.expired());
+}
+
 } // namespace

@@ -87,12 +87,12 @@ private:
     // Test before the exchange, so that waiting threads read a shared cache line instead of
     // fighting over it with writes.
     bool tryTake(std::uint32_t self) noexcept {
-        std::uint32_t expected = NO_THREAD;
         if (noOtherThread()) {
             // Free, since the only thread does not hold it (lock and try_lock checked).
             owner_.store(self, std::memory_order_relaxed);
             return true;
         }
+        std::uint32_t expected = NO_THREAD;
         return owner_.load(std::memory_order_relaxed) == expected &&
                owner_.compare_exchange_weak(expected, self, std::memory_order_acquire,
                                             std::memory_order_relaxed);
