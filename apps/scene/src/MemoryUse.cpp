@@ -60,6 +60,13 @@ void addToCount(std::ptrdiff_t bytes) noexcept {
     count.store(count.load(std::memory_order_relaxed) + bytes, std::memory_order_relaxed);
 }
 
+// Cleared by stopCountingHeap; read relaxed, as nothing else is ordered by it.
+std::atomic<bool> counting{true};
+
+bool isCounting() noexcept {
+    return counting.load(std::memory_order_relaxed);
+}
+
 std::size_t heapInUse() noexcept {
     std::ptrdiff_t total = 0;
     for (const ThreadCount* count = threadCounts.load(std::memory_order_acquire); count != nullptr;
@@ -83,22 +90,24 @@ void* allocate(std::size_t size) {
     if (block == nullptr) {
         throw std::bad_alloc();
     }
-    addToCount(static_cast<std::ptrdiff_t>(blockSize(block)));
+    if (isCounting()) {
+        addToCount(static_cast<std::ptrdiff_t>(blockSize(block)));
+    }
     return block;
 }
 
 void release(void* block) noexcept {
-    if (block != nullptr) {
+    if (block != nullptr && isCounting()) {
         addToCount(-static_cast<std::ptrdiff_t>(blockSize(block)));
-        std::free(block);
     }
+    std::free(block);
 }
 
 } // namespace
 
 MemoryUse currentMemoryUse() noexcept {
     MemoryUse use;
-    use.heap = heapInUse();
+    use.heap = isCounting() ? heapInUse() : 0;
     // The second field of statm is the resident set, in pages.
     if (std::FILE* statm = std::fopen("/proc/self/statm", "r")) {
         unsigned long size = 0;
@@ -111,6 +120,10 @@ MemoryUse currentMemoryUse() noexcept {
         std::fclose(statm);
     }
     return use;
+}
+
+void stopCountingHeap() noexcept {
+    counting.store(false, std::memory_order_relaxed);
 }
 
 void preferLargePages() noexcept {

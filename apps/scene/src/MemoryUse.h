@@ -12,8 +12,19 @@ struct MemoryUse {
     std::size_t resident = 0;
 };
 
-/** @brief The process's memory now (zeros where the platform cannot tell). */
+/**
+ * @brief The process's memory now (zeros where the platform cannot tell; no heap once
+ * stopCountingHeap was called).
+ */
 MemoryUse currentMemoryUse() noexcept;
+
+/**
+ * @brief Stops counting the heap: from now on operator new and delete go straight to the
+ * allocator. Counting costs a size look-up on every free, which is not the kit's cost: a run calls
+ * this once it has taken its last heap figure, so that what follows (the teardown of a scale run)
+ * runs as it would in a program that does not count.
+ */
+void stopCountingHeap() noexcept;
 
 /** @brief The name of the allocator whose heap currentMemoryUse reports, as printed. */
 const char* allocatorName() noexcept;

@@ -361,7 +361,9 @@ int runProgram(const std::vector<std::string>& arguments, std::ostream& out, std
     std::optional<ScaleMemory> memory = std::move(run->memory);
     const std::size_t logRecords = run->logs.total();
     if (memory) {
-        // The scale run's scene goes while the clock runs: every feature, entity and record.
+        // The scale run's scene goes while the clock runs: every feature, entity and record. The
+        // heap figures are all taken, so the teardown runs without the count.
+        stopCountingHeap();
         const auto start = std::chrono::steady_clock::now();
         run.reset();
         memory->teardownSeconds =
