@@ -115,13 +115,16 @@ private:
     void drop(Record& record, const std::shared_ptr<Entity>& entity, FrameChanges& changes);
     void sweep(FrameChanges& changes);
     void release(Record& record) noexcept;
+    void file(Record& record);
     const Record* recordOfEntity(const Entity& entity) const;
     template <typename Visit>
     void forEachFeature(Visit&& visit) const;
 
     std::shared_ptr<FeatureGroup> root_;
-    // In no particular order; each record knows its place.
-    std::vector<std::unique_ptr<Record>> records_;
+    // One per feature met, densely in blocks that never move (a feature keeps its record's
+    // address), in no particular order.
+    struct Records;
+    std::unique_ptr<Records> records_;
     // Records of features whose pointer is held by another driver.
     std::unordered_map<const Feature*, Record*> foreign_;
     std::uint64_t frame_ = 0;

@@ -5,7 +5,8 @@
 #include <new>
 #include <vector>
 
-// For the kit's own classes: the dense storage of FlatIdMap's entries.
+// For the kit's own classes: the dense storage of FlatIdMap's entries and of other records that
+// must not move while they are alive.
 namespace keo::detail {
 
 /**
@@ -48,6 +49,18 @@ public:
         ::new (static_cast<void*>(slot)) T();
         ++size_;
         return *slot;
+    }
+
+    /** @brief The last entry (there is one; not checked). */
+    T& back() noexcept { return (*this)[size_ - 1]; }
+
+    /**
+     * @brief Destroys the last entry (there is one; not checked). Its block is kept for the next
+     * entries.
+     */
+    void popBack() noexcept {
+        --size_;
+        (*this)[size_].~T();
     }
 
     /**

@@ -5,6 +5,7 @@
 #include "Feature/Feature.h"
 #include "Feature/FeatureGroup.h"
 
+#include "BlockArray.h"
 #include "FlatIdMap.h"
 
 #include <algorithm>
@@ -20,6 +21,10 @@ struct FrameDriver::Record {
     std::vector<std::shared_ptr<Entity>> live;
     // The last frame that stamped the feature as visited (frames after a tree change stamp).
     std::uint64_t visited = 0;
+};
+
+struct FrameDriver::Records {
+    keo::detail::BlockArray<Record> entries;
 };
 
 struct FrameDriver::RootIndex {
@@ -57,6 +62,7 @@ bool contains(const std::vector<std::shared_ptr<Entity>>& entities, const Entity
 
 FrameDriver::FrameDriver(std::shared_ptr<FeatureGroup> root)
     : root_(std::move(root))
+    , records_(std::make_unique<Records>())
     , roots_(std::make_unique<RootIndex>()) {
     if (root_) {
         treeListener_ = ScopedListener(root_->_addFeatureAddedOrRemovedEventListener(
@@ -69,9 +75,10 @@ FrameDriver::FrameDriver(std::shared_ptr<FeatureGroup> root)
 
 FrameDriver::~FrameDriver() {
     // Each record goes as soon as its feature is told, while the feature is still in the cache.
-    for (auto& record : records_) {
-        release(*record);
-        record.reset();
+    auto& records = records_->entries;
+    while (records.size() > 0) {
+        release(records.back());
+        records.popBack();
     }
 }
 
@@ -107,7 +114,7 @@ FrameChanges FrameDriver::frame() {
     FrameChanges changes;
     forEachFeature([this, stamp, &changes](const auto& node) { update(node, stamp, changes); });
     changes.features = visited_;
-    if (!stamp && visited_ != records_.size()) {
+    if (!stamp && visited_ != records_->entries.size()) {
         // Features left the tree unannounced (the event was not raised): stamp them all now.
         forEachFeature([this](const auto& node) { recordOf(node).visited = frame_; });
         stamp = true;
@@ -134,16 +141,28 @@ FrameDriver::Record& FrameDriver::recordOf(const std::shared_ptr<FeatureBase>& n
     if (Record* held = findRecord(feature)) {
         return *held;
     }
-    auto record = std::make_unique<Record>();
-    record->feature = std::static_pointer_cast<Feature>(node);
-    record->visited = frame_;
-    if (feature._getFrameOwner() == nullptr) {
-        feature._setFrameRecord(this, record.get());
-    } else {
-        foreign_.emplace(&feature, record.get());
+    auto& records = records_->entries;
+    Record& record = records.emplaceBack();
+    record.feature = std::static_pointer_cast<Feature>(node);
+    record.visited = frame_;
+    try {
+        file(record);
+    } catch (...) {
+        // The foreign index could not grow: the feature stays without a record.
+        records.popBack();
+        throw;
     }
-    records_.push_back(std::move(record));
-    return *records_.back();
+    return record;
+}
+
+void FrameDriver::file(Record& record) {
+    Feature& feature = *record.feature;
+    const void* owner = feature._getFrameOwner();
+    if (owner == nullptr || owner == this) {
+        feature._setFrameRecord(this, &record);
+    } else {
+        foreign_[&feature] = &record;
+    }
 }
 
 void FrameDriver::update(const std::shared_ptr<FeatureBase>& node, bool stamp,
@@ -156,9 +175,9 @@ void FrameDriver::update(const std::shared_ptr<FeatureBase>& node, bool stamp,
     bool entered = false;
     if (record == nullptr) {
         // New to this driver (or back in the tree): it reports every entity again.
-        const std::size_t before = records_.size();
+        const std::size_t before = records_->entries.size();
         record = &recordOf(node);
-        entered = records_.size() != before;
+        entered = records_->entries.size() != before;
     }
     if (stamp) {
         record->visited = frame_;
@@ -228,8 +247,9 @@ void FrameDriver::drop(Record& record, const std::shared_ptr<Entity>& entity,
 }
 
 void FrameDriver::sweep(FrameChanges& changes) {
-    for (std::size_t i = 0; i < records_.size();) {
-        Record& record = *records_[i];
+    auto& records = records_->entries;
+    for (std::size_t i = 0; i < records.size();) {
+        Record& record = records[i];
         if (record.visited == frame_) {
             ++i;
             continue;
@@ -247,8 +267,12 @@ void FrameDriver::sweep(FrameChanges& changes) {
         record.feature->_takeRemovedEntities();
         release(record);
         rootsStale_ = true;
-        std::swap(records_[i], records_.back());
-        records_.pop_back();
+        // The last record fills the gap, and its feature learns the new address.
+        if (i + 1 != records.size()) {
+            record = std::move(records.back());
+            file(record);
+        }
+        records.popBack();
     }
 }
 
@@ -308,9 +332,11 @@ const FrameDriver::Record* FrameDriver::recordOfEntity(const Entity& entity) con
     }
     if (rootsStale_) {
         roots_->records.clear();
-        for (const auto& record : records_) {
-            if (const Entity* root = std::as_const(*record->feature)._getImplHandle()) {
-                *roots_->records.tryEmplace(keo::detail::addressKey(root)).first = record.get();
+        const auto& records = records_->entries;
+        for (std::size_t i = 0; i < records.size(); ++i) {
+            const Record& record = records[i];
+            if (const Entity* root = std::as_const(*record.feature)._getImplHandle()) {
+                *roots_->records.tryEmplace(keo::detail::addressKey(root)).first = &record;
             }
         }
         rootsStale_ = false;
@@ -334,11 +360,12 @@ std::string FrameDriver::verify() const {
     });
     std::vector<std::string> extra;
     std::unordered_set<const Entity*> live;
-    for (const auto& record : records_) {
-        for (const auto& entity : record->live) {
+    const auto& records = records_->entries;
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        for (const auto& entity : records[i].live) {
             live.insert(entity.get());
             if (expected.count(entity.get()) == 0) {
-                extra.push_back(describe(*entity, *record->feature));
+                extra.push_back(describe(*entity, *records[i].feature));
             }
         }
     }

@@ -41,6 +41,25 @@ TEST(BlockArrayTest, EntriesAppendedAcrossBlocksKeepTheirValuesAndAddresses) {
     EXPECT_EQ(constant[4999], 4999u * 3);
 }
 
+TEST(BlockArrayTest, PoppingTheLastEntryDestroysOnlyItAndTheNextAppendReusesItsPlace) {
+    BlockArray<Counted> array;
+    for (std::size_t n = 0; n < 17; ++n) { // the 17th entry opens the second block
+        array.emplaceBack().value = n;
+    }
+    EXPECT_EQ(array.back().value, 16u);
+    const Counted* last = &array.back();
+    array.popBack();
+    EXPECT_EQ(Counted::alive, 16);
+    EXPECT_EQ(array.size(), 16u);
+    EXPECT_EQ(array.back().value, 15u);
+    Counted& again = array.emplaceBack();
+    EXPECT_EQ(&again, last);    // its block was kept
+    EXPECT_EQ(again.value, 0u); // made anew
+    EXPECT_EQ(Counted::alive, 17);
+    array.clear();
+    EXPECT_EQ(Counted::alive, 0);
+}
+
 TEST(BlockArrayTest, ClearingDestroysEveryEntryOnceAndTheArrayFillsAgain) {
     {
         BlockArray<Counted> array;

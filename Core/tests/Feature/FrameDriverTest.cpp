@@ -206,6 +206,41 @@ TEST(FrameDriverTest, AFeatureRemovedFromMemoryHasAllItsEntitiesDroppedOnTheNext
     EXPECT_EQ(driver.verify(), "");
 }
 
+// Feature 1 leaves the tree; the record of feature 3 (the last one made) takes its place in the
+// driver's books. Feature 3 then drops its label: the driver must find the moved record.
+void dropTheLastFeaturesLabelAfterTheFirstLeft(Tree& tree, FrameDriver& driver) {
+    ASSERT_TRUE(tree.a->removeFromMemory(tree.feature(1)));
+    driver.frame();
+    const FrameChanges clean = driver.frame();
+    EXPECT_EQ(clean.features, 2u);
+    EXPECT_TRUE(clean.added.empty()); // not taken for a newcomer
+    EXPECT_TRUE(clean.removed.empty());
+    const auto feature = tree.feature(3);
+    const auto label = feature->_getImplHandle()->getChildByName(LABEL);
+    const auto hintLine = label->getChildByName(HINT_LINE);
+    tree.style(3).setLabelSymbol(nullptr);
+    const FrameChanges changes = driver.frame();
+    EXPECT_EQ(pointers(changes.removed), (std::set<const Entity*>{label.get(), hintLine.get()}));
+    EXPECT_FALSE(driver.isLive(*label));
+    EXPECT_TRUE(driver.isLive(*feature->_getImplHandle()));
+    EXPECT_EQ(driver.getLiveCount(), 6u);
+    EXPECT_EQ(driver.pick(*feature->_getImplHandle()), feature);
+    EXPECT_EQ(driver.verify(), "");
+}
+
+TEST(FrameDriverTest, TheRecordThatFillsTheGapOfALeavingFeatureStillFollowsItsFeature) {
+    DrawnTree tree;
+    dropTheLastFeaturesLabelAfterTheFirstLeft(tree, tree.driver);
+}
+
+TEST(FrameDriverTest, ASecondDriversMovedRecordStillFollowsItsFeature) {
+    DrawnTree tree;
+    // The features keep the first driver's record; the second one files its own records apart.
+    FrameDriver second(tree.root);
+    second.frame();
+    dropTheLastFeaturesLabelAfterTheFirstLeft(tree, second);
+}
+
 TEST(FrameDriverTest, AFeatureThatComesBackAfterAFrameReportsAllItsEntitiesAgain) {
     DrawnTree tree;
     FrameDriver& driver = tree.driver;
