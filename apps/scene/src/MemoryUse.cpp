@@ -60,11 +60,11 @@ void addToCount(std::ptrdiff_t bytes) noexcept {
     count.store(count.load(std::memory_order_relaxed) + bytes, std::memory_order_relaxed);
 }
 
-// Cleared by stopCountingHeap; read relaxed, as nothing else is ordered by it.
-std::atomic<bool> counting{true};
+// The number of HeapCountPause objects alive; read relaxed, as nothing else is ordered by it.
+std::atomic<int> pauses{0};
 
 bool isCounting() noexcept {
-    return counting.load(std::memory_order_relaxed);
+    return pauses.load(std::memory_order_relaxed) == 0;
 }
 
 std::size_t heapInUse() noexcept {
@@ -107,7 +107,7 @@ void release(void* block) noexcept {
 
 MemoryUse currentMemoryUse() noexcept {
     MemoryUse use;
-    use.heap = isCounting() ? heapInUse() : 0;
+    use.heap = heapInUse();
     // The second field of statm is the resident set, in pages.
     if (std::FILE* statm = std::fopen("/proc/self/statm", "r")) {
         unsigned long size = 0;
@@ -122,8 +122,12 @@ MemoryUse currentMemoryUse() noexcept {
     return use;
 }
 
-void stopCountingHeap() noexcept {
-    counting.store(false, std::memory_order_relaxed);
+HeapCountPause::HeapCountPause() noexcept {
+    pauses.fetch_add(1, std::memory_order_relaxed);
+}
+
+HeapCountPause::~HeapCountPause() {
+    pauses.fetch_sub(1, std::memory_order_relaxed);
 }
 
 void preferLargePages() noexcept {

@@ -12,19 +12,26 @@ struct MemoryUse {
     std::size_t resident = 0;
 };
 
-/**
- * @brief The process's memory now (zeros where the platform cannot tell; no heap once
- * stopCountingHeap was called).
- */
+/** @brief The process's memory now (zeros where the platform cannot tell). */
 MemoryUse currentMemoryUse() noexcept;
 
 /**
- * @brief Stops counting the heap: from now on operator new and delete go straight to the
- * allocator. Counting costs a size look-up on every free, which is not the kit's cost: a run calls
- * this once it has taken its last heap figure, so that what follows (the teardown of a scale run)
- * runs as it would in a program that does not count.
+ * @brief While one exists, the program's operator new and delete do not count the heap: they go
+ * straight to the allocator. Counting costs a size look-up on every free, which is not the kit's
+ * cost; the teardown of a scale run, whose heap figures are all taken, runs under a pause as it
+ * would in a program that does not count.
+ *
+ * The heap reading stays too high afterwards by what was freed during the pause (and too low by
+ * what was made then and not freed yet): the difference between two readings taken after it is
+ * still what the code between them made and kept.
  */
-void stopCountingHeap() noexcept;
+class HeapCountPause final {
+public:
+    HeapCountPause() noexcept;
+    ~HeapCountPause();
+    HeapCountPause(const HeapCountPause&) = delete;
+    HeapCountPause& operator=(const HeapCountPause&) = delete;
+};
 
 /** @brief The name of the allocator whose heap currentMemoryUse reports, as printed. */
 const char* allocatorName() noexcept;

@@ -363,7 +363,7 @@ int runProgram(const std::vector<std::string>& arguments, std::ostream& out, std
     if (memory) {
         // The scale run's scene goes while the clock runs: every feature, entity and record. The
         // heap figures are all taken, so the teardown runs without the count.
-        stopCountingHeap();
+        const HeapCountPause pause;
         const auto start = std::chrono::steady_clock::now();
         run.reset();
         memory->teardownSeconds =
