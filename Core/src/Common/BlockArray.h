@@ -75,8 +75,7 @@ public:
     /** @brief Destroys every entry and keeps every block for the next entries. */
     void destroyEntries() noexcept {
         while (size_ > 0) {
-            --size_;
-            (*this)[size_].~T();
+            popBack();
         }
     }
 
